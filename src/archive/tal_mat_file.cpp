@@ -1,0 +1,134 @@
+#include "archive/tal_mat_file.h"
+
+#include <fstream>
+#include <istream>
+#include <ostream>
+
+#include "archive/quick_archive.h"
+#include "archive/text_conversion.h"
+#include "archive/wide_text.h"
+#include "materials/serializable.h"
+
+namespace TalvexCore {
+
+namespace {
+
+constexpr int textInputMode = 1;
+constexpr int binaryInputMode = 33;
+
+struct Header {
+    uint32_t tag = 0;
+    uint32_t count = 0;
+};
+
+Header readHeader(std::istream& in)
+{
+    Header header;
+    in.read(reinterpret_cast<char*>(&header.tag), 4);
+    in.read(reinterpret_cast<char*>(&header.count), 4);
+    return header;
+}
+
+std::string readRest(std::istream& in)
+{
+    const auto start = in.tellg();
+    in.seekg(0, std::ios::end);
+    const auto end = in.tellg();
+    in.seekg(start);
+    if (start < 0 || end <= start) return {};
+    std::string data(static_cast<std::size_t>(end - start), '\0');
+    in.read(data.data(), static_cast<std::streamsize>(data.size()));
+    data.resize(static_cast<std::size_t>(std::max<std::streamsize>(in.gcount(), 0)));
+    return data;
+}
+
+// Version 1 files went through a text-mode stream: every line feed stands as CR LF. The repair is
+// blind and also takes a genuine CR LF pair in the data.
+void repairLineEnds(std::string& data)
+{
+    std::size_t pos = 0;
+    while ((pos = data.find("\r\n", pos)) != std::string::npos) {
+        data.erase(pos, 1);
+        ++pos;
+    }
+}
+
+}  // namespace
+
+bool TalMatFile::load(const std::u16string& path)
+{
+    std::ifstream in(wideToNarrow(path), std::ios::binary);
+    if (!in.is_open()) return false;
+    return load(in);
+}
+
+bool TalMatFile::load(std::istream& in)
+{
+    const Header header = readHeader(in);
+    if (header.count == 0) return false;
+    const uint32_t version = versionOf(header.tag);
+    if ((header.tag & 0xFFFF) != 0 || version < 1 || version > 3) return false;
+
+    QuickArchive archive(1);
+    if (version == 3) {
+        if (!archive.readFromStream(in)) return false;
+    } else {
+        std::string data = readRest(in);
+        if (version == 1) repairLineEnds(data);
+        archive = QuickArchive(data.data(), data.size());
+    }
+
+    std::vector<MaterialPtr> loaded;
+    uint32_t typeId = 0;  // a read past the end keeps the id of the material before
+    for (uint32_t i = 0; i < header.count; ++i) {
+        archive.readU32(typeId);
+        MaterialPtr material = createMaterial(typeId);
+        if (!material || !material->readBinary(archive)) return false;
+        loaded.push_back(std::move(material));
+    }
+    materials = std::move(loaded);
+    return true;
+}
+
+bool TalMatFile::save(std::ostream& out)
+{
+    if (materials.empty()) return false;
+    const Header header{currentVersion(), static_cast<uint32_t>(materials.size())};
+    QuickArchive archive(1);
+    for (const MaterialPtr& material : materials) {
+        if (!material) return false;
+        archive.writeU32(material->typeId());
+        if (!material->writeBinary(archive)) {
+            lastSaveMessage = u"An error has occurred while attempting to serialize \"" + material->name +
+                              u"\" - aborting talmat creation";
+            return false;
+        }
+    }
+    out.write(reinterpret_cast<const char*>(&header.tag), 4);
+    out.write(reinterpret_cast<const char*>(&header.count), 4);
+    return archive.writeToStream(out);
+}
+
+bool TalMatFile::getMaterial(std::size_t index, MaterialPtr& material) const
+{
+    if (index >= materials.size()) return false;
+    material = materials[index];
+    return true;
+}
+
+std::size_t TalMatFile::findMaterialByName(const std::u16string& name) const
+{
+    for (std::size_t i = 0; i < materials.size(); ++i)
+        if (materials[i] && equalsNoCase(materials[i]->name, name)) return i;
+    return static_cast<std::size_t>(-1);
+}
+
+int TalMatFile::chooseOpenMode(const std::u16string& path)
+{
+    std::ifstream in(wideToNarrow(path), std::ios::binary);
+    if (!in.is_open()) return textInputMode;
+    const Header header = readHeader(in);
+    return ((header.tag & 0xFFFF) == 0 && versionOf(header.tag) == 1) ? textInputMode : binaryInputMode;
+}
+
+}  // namespace TalvexCore

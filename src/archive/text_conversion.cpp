@@ -1,0 +1,149 @@
+#include "archive/text_conversion.h"
+
+#include <cstring>
+
+namespace TalvexCore {
+
+namespace {
+
+// Windows-1252 at 0x80 to 0x9F; the five unassigned bytes map to the control characters.
+constexpr char16_t cp1252High[32] = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+std::string_view upToZero(std::string_view s)
+{
+    const auto zero = s.find('\0');
+    return zero == std::string_view::npos ? s : s.substr(0, zero);
+}
+
+std::u16string_view upToZero(std::u16string_view s)
+{
+    const auto zero = s.find(u'\0');
+    return zero == std::u16string_view::npos ? s : s.substr(0, zero);
+}
+
+bool isAscii(std::string_view s)
+{
+    for (unsigned char c : s)
+        if (c >= 0x80) return false;
+    return true;
+}
+
+void appendCodePoint(std::u16string& out, char32_t cp)
+{
+    if (cp < 0x10000) {
+        out.push_back(static_cast<char16_t>(cp));
+    } else {
+        cp -= 0x10000;
+        out.push_back(static_cast<char16_t>(0xD800 + (cp >> 10)));
+        out.push_back(static_cast<char16_t>(0xDC00 + (cp & 0x3FF)));
+    }
+}
+
+// Strict UTF-8: no overlong forms, no surrogates, nothing above U+10FFFF, no cut sequence.
+bool decodeUtf8(std::string_view s, std::u16string& out)
+{
+    std::size_t i = 0;
+    while (i < s.size()) {
+        const unsigned char lead = static_cast<unsigned char>(s[i]);
+        if (lead < 0x80) {
+            out.push_back(lead);
+            ++i;
+            continue;
+        }
+        int extra;
+        char32_t cp;
+        char32_t minimum;
+        if (lead >= 0xC2 && lead <= 0xDF) extra = 1, cp = lead & 0x1F, minimum = 0x80;
+        else if (lead >= 0xE0 && lead <= 0xEF) extra = 2, cp = lead & 0x0F, minimum = 0x800;
+        else if (lead >= 0xF0 && lead <= 0xF4) extra = 3, cp = lead & 0x07, minimum = 0x10000;
+        else return false;
+        if (i + extra >= s.size()) return false;
+        for (int k = 1; k <= extra; ++k) {
+            const unsigned char c = static_cast<unsigned char>(s[i + k]);
+            if ((c & 0xC0) != 0x80) return false;
+            cp = (cp << 6) | (c & 0x3F);
+        }
+        if (cp < minimum || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return false;
+        appendCodePoint(out, cp);
+        i += extra + 1;
+    }
+    return true;
+}
+
+void decodeCp1252(std::string_view s, std::u16string& out)
+{
+    for (unsigned char c : s)
+        out.push_back(c >= 0x80 && c < 0xA0 ? cp1252High[c - 0x80] : static_cast<char16_t>(c));
+}
+
+void encodeUtf8(char32_t cp, std::string& out)
+{
+    if (cp < 0x80) {
+        out.push_back(static_cast<char>(cp));
+    } else if (cp < 0x800) {
+        out.push_back(static_cast<char>(0xC0 | (cp >> 6)));
+        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    } else if (cp < 0x10000) {
+        out.push_back(static_cast<char>(0xE0 | (cp >> 12)));
+        out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
+        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    } else {
+        out.push_back(static_cast<char>(0xF0 | (cp >> 18)));
+        out.push_back(static_cast<char>(0x80 | ((cp >> 12) & 0x3F)));
+        out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
+        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    }
+}
+
+}  // namespace
+
+void appendNarrowAsWide(std::u16string& out, std::string_view narrow)
+{
+    narrow = upToZero(narrow);
+    if (isAscii(narrow)) {
+        out.append(narrow.begin(), narrow.end());
+        return;
+    }
+    const std::size_t start = out.size();
+    if (!decodeUtf8(narrow, out)) {
+        out.resize(start);
+        decodeCp1252(narrow, out);
+    }
+}
+
+std::u16string narrowToWide(std::string_view narrow)
+{
+    std::u16string out;
+    appendNarrowAsWide(out, narrow);
+    return out;
+}
+
+void appendWideAsNarrow(std::string& out, std::u16string_view wide)
+{
+    for (std::size_t i = 0; i < wide.size(); ++i) {
+        const char16_t c = wide[i];
+        if (c < 0x80) {
+            out.push_back(static_cast<char>(c));
+        } else if (c >= 0xD800 && c <= 0xDBFF && i + 1 < wide.size() && wide[i + 1] >= 0xDC00 &&
+                   wide[i + 1] <= 0xDFFF) {
+            encodeUtf8(0x10000 + ((char32_t(c) - 0xD800) << 10) + (wide[i + 1] - 0xDC00), out);
+            ++i;
+        } else if (c >= 0xD800 && c <= 0xDFFF) {
+            encodeUtf8(0xFFFD, out);
+        } else {
+            encodeUtf8(c, out);
+        }
+    }
+}
+
+std::string wideToNarrow(std::u16string_view wide)
+{
+    std::string out;
+    appendWideAsNarrow(out, upToZero(wide));
+    return out;
+}
+
+}  // namespace TalvexCore

@@ -1,0 +1,23 @@
+// Conversions between narrow text (UTF-8, or Windows-1252 where it is not valid UTF-8) and the
+// model's wide strings of 16-bit code units.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace TalvexCore {
+
+// UTF-8 form of the wide text up to its first zero character. A lone surrogate becomes U+FFFD.
+std::string wideToNarrow(std::u16string_view wide);
+
+// Wide form of the narrow text up to its first zero byte: strict UTF-8 first; text that is not
+// valid UTF-8 decodes as Windows-1252. Characters outside the basic plane become surrogate pairs.
+std::u16string narrowToWide(std::string_view narrow);
+
+// Appends the wide form of the narrow text to `out`, as narrowToWide would give it.
+void appendNarrowAsWide(std::u16string& out, std::string_view narrow);
+
+// Appends the UTF-8 form of the wide text to `out`, all of it, zero characters included.
+void appendWideAsNarrow(std::string& out, std::u16string_view wide);
+
+}  // namespace TalvexCore

@@ -1,0 +1,50 @@
+// BaseMaterial: the root of the fifteen material classes.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "materials/serializable.h"
+
+namespace TalvexCore {
+
+class BaseMaterial : public TalvexSerializable, public TalvexXMLSerializable {
+public:
+    std::u16string name;  // unique in the scene; the last component of the material's url
+    std::u16string uuid;  // by which the scene set resolves references; empty at first
+
+    BaseMaterial();
+    // A copy takes the name only: every clone has an empty uuid.
+    BaseMaterial(const BaseMaterial& other);
+    BaseMaterial& operator=(const BaseMaterial& other) = default;
+    ~BaseMaterial() override = default;
+
+    virtual uint32_t typeId() const = 0;
+    virtual void resetDefaults() = 0;
+    // A copy under a new unique name.
+    virtual std::shared_ptr<BaseMaterial> clone() const = 0;
+    // A copy that keeps the source's name.
+    virtual std::shared_ptr<BaseMaterial> cloneSameName() const = 0;
+    // Compares values and inner objects; name and uuid take no part.
+    virtual bool isEqual(const std::shared_ptr<BaseMaterial>& other) const = 0;
+
+    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
+    std::u16string pluginType() const override { return {}; }
+    std::u16string assetType() const override { return u"material"; }
+
+protected:
+    // A new unique name and an empty uuid.
+    void resetBaseDefaults();
+    bool writeBaseRecord(QuickArchive& out) const;
+    // Version 1 (name) or 2 (name, uuid); an empty name becomes a fresh default name.
+    bool readBaseRecord(QuickArchive& in);
+};
+
+using MaterialPtr = std::shared_ptr<BaseMaterial>;
+
+// A new material of the class with this type id; empty for ids from 15 upward.
+MaterialPtr createMaterial(uint32_t id);
+inline void makeFromTypeId(MaterialPtr& out, uint32_t id) { out = createMaterial(id); }
+
+}  // namespace TalvexCore

@@ -1,0 +1,48 @@
+// The two contracts of every object: a versioned binary record, and an XML asset.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace TalvexCore {
+class QuickArchive;
+class AssetXmlWriter;
+}  // namespace TalvexCore
+
+namespace NuvaUtils {
+
+// An object that emits itself as an XML asset under a url.
+class TalvexXMLSerializable {
+public:
+    virtual ~TalvexXMLSerializable() = default;
+    // `url` is the owner's url; the object extends its own copy.
+    virtual void writeXml(TalvexCore::AssetXmlWriter& writer, std::u16string url) const = 0;
+    virtual std::u16string pluginType() const = 0;
+    virtual std::u16string assetType() const = 0;
+};
+
+}  // namespace NuvaUtils
+
+namespace TalvexCore {
+
+using NuvaUtils::TalvexXMLSerializable;
+
+// An object that writes and reads itself as a versioned binary record.
+class TalvexSerializable {
+public:
+    virtual ~TalvexSerializable() = default;
+    // Writes the newest version of the record.
+    virtual bool writeBinary(QuickArchive& out) const = 0;
+    // Reads any known version; false for an unknown tag or a child that fails.
+    virtual bool readBinary(QuickArchive& in) = 0;
+};
+
+// The version in a tag's high half.
+constexpr uint32_t versionOf(uint32_t tag) { return tag >> 16; }
+// The tag of a version: the version in the high half, zero in the low half.
+constexpr uint32_t tagOf(uint32_t version) { return version << 16; }
+
+// Removes every control character in place, keeping the others in order.
+void stripControlCharacters(std::u16string& text);
+
+}  // namespace TalvexCore

@@ -1,0 +1,50 @@
+#include "module/file_routing.h"
+
+#include <cstring>
+#include <fstream>
+
+#include "archive/text_conversion.h"
+#include "archive/wide_text.h"
+
+namespace TalvexCore {
+
+namespace {
+
+bool hasExtension(const std::u16string& path, std::u16string_view first, std::u16string_view second)
+{
+    const auto dot = path.rfind(u'.');
+    if (dot == std::u16string::npos) return false;
+    const std::u16string_view extension = std::u16string_view(path).substr(dot + 1);
+    return equalsNoCase(extension, first) || equalsNoCase(extension, second);
+}
+
+}  // namespace
+
+bool isMaterialFilePath(const std::u16string& path)
+{
+    return hasExtension(path, u"talmat", u"numat");
+}
+
+bool isOptionsFilePath(const std::u16string& path)
+{
+    return hasExtension(path, u"talopt", u"nuopt");
+}
+
+ConversionOutcome appendPlainText(const std::u16string& path, std::u16string& text,
+                                  const AssetXmlWriter::FlushSink& sink)
+{
+    std::ifstream in(wideToNarrow(path), std::ios::binary);
+    if (!in.is_open()) return ConversionOutcome::Unreadable;
+    in.seekg(0, std::ios::end);
+    const std::streamoff size = in.tellg();
+    in.seekg(0, std::ios::beg);
+    std::string bytes(static_cast<std::size_t>(std::max<std::streamoff>(size, 0)), '\0');
+    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(std::max<std::streamsize>(in.gcount(), 0)));
+    bytes.resize(std::strlen(bytes.c_str()));  // everything behind the first zero byte is lost
+    appendNarrowAsWide(text, bytes);
+    if (sink) sink(text);
+    return ConversionOutcome::PlainText;
+}
+
+}  // namespace TalvexCore

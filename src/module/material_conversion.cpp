@@ -1,0 +1,32 @@
+#include "module/material_conversion.h"
+
+#include "archive/tal_mat_file.h"
+#include "xml/material_layouts.h"
+
+namespace TalvexCore {
+
+ConversionOutcome writeMaterialFileXml(const std::u16string& path, std::u16string& text,
+                                       const AssetXmlWriter::FlushSink& sink)
+{
+    TalMatFile file;
+    if (!file.load(path)) return appendPlainText(path, text, sink);
+
+    AssetXmlWriter writer(text);
+    writer.setFlushSink(sink);
+    writer.openRoot(materialRootTag);
+    for (std::size_t i = 0; i < file.materialCount(); ++i) {
+        MaterialPtr material;
+        if (file.getMaterial(i, material) && material) writeMaterialAssets(writer, material);
+    }
+    writer.closeRoot();
+    return ConversionOutcome::Binary;
+}
+
+std::u16string materialFileToXml(const std::u16string& path)
+{
+    std::u16string text;
+    writeMaterialFileXml(path, text, {});
+    return text;
+}
+
+}  // namespace TalvexCore

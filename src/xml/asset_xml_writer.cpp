@@ -1,0 +1,471 @@
+#include "xml/asset_xml_writer.h"
+
+#include "materials/base_material.h"
+#include "materials/transform_components.h"
+#include "textures/base_bitmap.h"
+#include "textures/base_texture.h"
+#include "textures/base_uvw.h"
+#include "xml/number_text.h"
+
+namespace TalvexCore {
+
+namespace {
+
+void appendAscii(std::u16string& out, std::string_view text)
+{
+    out.append(text.begin(), text.end());
+}
+
+// Replaces every `from` by `to`, going on behind each replacement.
+void replaceAll(std::u16string& text, std::u16string_view from, std::u16string_view to)
+{
+    std::size_t pos = 0;
+    while ((pos = text.find(from, pos)) != std::u16string::npos) {
+        text.replace(pos, from.size(), to);
+        pos += to.size();
+    }
+}
+
+bool needsEscaping(std::u16string_view text)
+{
+    return text.find_first_of(u"&<>") != std::u16string_view::npos;
+}
+
+}  // namespace
+
+AssetXmlWriter::AssetXmlWriter(std::u16string& stream) : out(stream) {}
+
+void AssetXmlWriter::flush()
+{
+    if (flushSink) flushSink(out);
+}
+
+void AssetXmlWriter::indent()
+{
+    for (int32_t i = 0; i < indentLevel; ++i) out.append(u"  ", 2);
+}
+
+std::u16string AssetXmlWriter::indentText() const
+{
+    std::u16string text;
+    for (int32_t i = 0; i < indentLevel; ++i) text += u"  ";
+    return text;
+}
+
+void AssetXmlWriter::line(std::u16string_view text)
+{
+    indent();
+    out.append(text);
+    out.push_back(u'\n');
+}
+
+void AssetXmlWriter::lineAscii(std::string_view text)
+{
+    indent();
+    appendAscii(out, text);
+    out.push_back(u'\n');
+}
+
+void AssetXmlWriter::appendEscaped(std::u16string_view text)
+{
+    const auto zero = text.find(u'\0');
+    if (zero != std::u16string_view::npos) text = text.substr(0, zero);
+    if (needsEscaping(text)) out += escapeXml(text, true);
+    else out.append(text);
+}
+
+void AssetXmlWriter::openRoot(XmlText tag)
+{
+    rootTag = tag.toWide();
+    out.push_back(u'<');
+    out += rootTag;
+    out.append(u">\n");
+}
+
+void AssetXmlWriter::closeRoot()
+{
+    out.append(u"</");
+    out += rootTag;
+    out.append(u">\n");
+    flush();
+}
+
+void AssetXmlWriter::openTag(XmlText tag)
+{
+    ++indentLevel;
+    indent();
+    out.push_back(u'<');
+    tag.appendTo(out);
+    out.append(u">\n");
+}
+
+void AssetXmlWriter::closeTag(XmlText tag)
+{
+    indent();
+    out.append(u"</");
+    tag.appendTo(out);
+    out.append(u">\n");
+    --indentLevel;
+}
+
+void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout)
+{
+    ++indentLevel;
+    indent();
+    out.append(u"<Asset layout=\"");
+    layout.appendTo(out);
+    out.append(u"\" renderer=\"nuva\" type=\"");
+    type.appendTo(out);
+    out.append(u"\" url=\"");
+    appendEscaped(url.toWide());
+    out.append(u"\" >\n");
+}
+
+void AssetXmlWriter::closeAsset()
+{
+    lineAscii("</Asset>");
+    --indentLevel;
+}
+
+void AssetXmlWriter::openPlugin(XmlText name, XmlText type)
+{
+    ++indentLevel;
+    lineAscii("<plugin>");
+    ++indentLevel;
+    indent();
+    out.append(u"<nuvaplugin name=\"");
+    name.appendTo(out);
+    out.append(u"\" type=\"");
+    type.appendTo(out);
+    out.append(u"\">\n");
+}
+
+void AssetXmlWriter::closePlugin()
+{
+    lineAscii("</nuvaplugin>");
+    --indentLevel;
+    lineAscii("</plugin>");
+    flush();
+    --indentLevel;
+}
+
+void AssetXmlWriter::openParameters()
+{
+    ++indentLevel;
+    lineAscii("<parameters>");
+    ++indentLevel;
+}
+
+void AssetXmlWriter::closeParameters()
+{
+    --indentLevel;
+    lineAscii("</parameters>");
+    --indentLevel;
+}
+
+void AssetXmlWriter::parameterHead(std::string_view type, const XmlText& name, std::string_view handler,
+                                   const XmlText& listType, const XmlText& label, bool isUserData)
+{
+    indent();
+    out.append(u"<parameter type=\"");
+    appendAscii(out, type);
+    out.append(u"\" name=\"");
+    name.appendTo(out);
+    out.append(u"\" handler=\"");
+    appendAscii(out, handler);
+    out.append(u"\" listType=\"");
+    listType.appendTo(out);
+    out.append(isUserData ? std::u16string_view(u"\" isUserData=\"1\" label=\"") : std::u16string_view(u"\" label=\""));
+    (label.empty() ? name : label).appendTo(out);
+    out.append(u"\">\n");
+    ++indentLevel;
+}
+
+void AssetXmlWriter::parameterEnd()
+{
+    --indentLevel;
+    lineAscii("</parameter>");
+}
+
+void AssetXmlWriter::inlineValueStart()
+{
+    indent();
+    out.append(u"<value>");
+}
+
+void AssetXmlWriter::inlineValueEnd()
+{
+    out.append(u"</value>\n");
+    parameterEnd();
+}
+
+void AssetXmlWriter::blockValueStart()
+{
+    lineAscii("<value>");
+    ++indentLevel;
+}
+
+void AssetXmlWriter::blockValueEnd()
+{
+    --indentLevel;
+    lineAscii("</value>");
+    parameterEnd();
+}
+
+void AssetXmlWriter::writeFloat(XmlText name, float value, XmlText label, bool isUserData)
+{
+    parameterHead("float", name, "default", "none", label, isUserData);
+    inlineValueStart();
+    appendFloat(out, value);
+    inlineValueEnd();
+}
+
+void AssetXmlWriter::writeInt(XmlText name, int32_t value, XmlText label, bool isUserData)
+{
+    parameterHead("integer", name, "default", "none", label, isUserData);
+    inlineValueStart();
+    appendInt(out, value);
+    inlineValueEnd();
+}
+
+void AssetXmlWriter::writeBool(XmlText name, bool value, XmlText label, bool isUserData)
+{
+    parameterHead("bool", name, "default", "none", label, isUserData);
+    inlineValueStart();
+    out.push_back(value ? u'1' : u'0');
+    inlineValueEnd();
+}
+
+void AssetXmlWriter::writeString(XmlText name, XmlText value, XmlText label, bool isUserData)
+{
+    parameterHead("string", name, "default", "none", label, isUserData);
+    inlineValueStart();
+    value.appendTo(out);
+    inlineValueEnd();
+}
+
+void AssetXmlWriter::writeFileString(XmlText name, XmlText value, XmlText label, bool isUserData)
+{
+    parameterHead("string", name, "FileBrowserHandler", "none", label, isUserData);
+    inlineValueStart();
+    appendEscaped(value.toWide());
+    inlineValueEnd();
+}
+
+void AssetXmlWriter::writePluginName(XmlText name, XmlText value, XmlText label)
+{
+    parameterHead("plugin", name, "default", "none", label, false);
+    inlineValueStart();
+    value.appendTo(out);
+    inlineValueEnd();
+}
+
+void AssetXmlWriter::pluginReference(const XmlText& name, bool present, const XmlText& url,
+                                     std::u16string_view tail, const XmlText& label)
+{
+    parameterHead("plugin", name, "default", "none", label, false);
+    if (!present) {
+        parameterEnd();
+        return;
+    }
+    inlineValueStart();
+    appendEscaped(url.toWide());
+    out.push_back(u'/');
+    out.append(tail);
+    inlineValueEnd();
+}
+
+void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseTexture>& ref, XmlText url, XmlText label)
+{
+    pluginReference(name, ref != nullptr, url, ref ? ref->pluginType() : std::u16string(), label);
+}
+
+void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseMaterial>& ref, XmlText url, XmlText label)
+{
+    pluginReference(name, ref != nullptr, url, ref ? std::u16string_view(ref->name) : std::u16string_view(), label);
+}
+
+void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseUVW>& ref, XmlText url, XmlText label)
+{
+    pluginReference(name, ref != nullptr, url, ref ? ref->pluginType() : std::u16string(), label);
+}
+
+void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseBitmap>& ref, XmlText url, XmlText label)
+{
+    pluginReference(name, ref != nullptr, url, ref ? ref->pluginType() : std::u16string(), label);
+}
+
+void AssetXmlWriter::floatLine(std::string_view tag, float value)
+{
+    indent();
+    out.push_back(u'<');
+    appendAscii(out, tag);
+    out.push_back(u'>');
+    appendFloat(out, value);
+    out.append(u"</");
+    appendAscii(out, tag);
+    out.append(u">\n");
+}
+
+void AssetXmlWriter::intLine(std::string_view tag, int32_t value)
+{
+    indent();
+    out.push_back(u'<');
+    appendAscii(out, tag);
+    out.push_back(u'>');
+    appendInt(out, value);
+    out.append(u"</");
+    appendAscii(out, tag);
+    out.append(u">\n");
+}
+
+void AssetXmlWriter::vectorBlock(const Vector& v)
+{
+    lineAscii("<vector>");
+    ++indentLevel;
+    floatLine("x", v.x);
+    floatLine("y", v.y);
+    floatLine("z", v.z);
+    --indentLevel;
+    lineAscii("</vector>");
+}
+
+void AssetXmlWriter::writeColor(XmlText name, const Color& value, XmlText label)
+{
+    parameterHead("color", name, "default", "none", label, false);
+    blockValueStart();
+    floatLine("r", value.r);
+    floatLine("g", value.g);
+    floatLine("b", value.b);
+    blockValueEnd();
+}
+
+void AssetXmlWriter::writeAColor(XmlText name, const AColor& value, XmlText label)
+{
+    parameterHead("acolor", name, "default", "none", label, false);
+    blockValueStart();
+    floatLine("r", value.r);
+    floatLine("g", value.g);
+    floatLine("b", value.b);
+    floatLine("a", value.a);
+    blockValueEnd();
+}
+
+void AssetXmlWriter::writeVector(XmlText name, const Vector& value, XmlText label)
+{
+    parameterHead("vector", name, "default", "none", label, false);
+    blockValueStart();
+    vectorBlock(value);
+    blockValueEnd();
+}
+
+void AssetXmlWriter::writeMatrix(XmlText name, const Matrix& value, XmlText label)
+{
+    parameterHead("matrix", name, "default", "none", label, false);
+    blockValueStart();
+    out.push_back(u'\n');  // the matrix form keeps an empty line behind its value tag
+    lineAscii("<matrix>");
+    ++indentLevel;
+    for (const Vector& v : value.v) vectorBlock(v);
+    --indentLevel;
+    lineAscii("</matrix>");
+    blockValueEnd();
+}
+
+void AssetXmlWriter::writeTransform(XmlText name, const Transform& value, XmlText label)
+{
+    parameterHead("transform", name, "default", "none", label, false);
+    blockValueStart();
+    for (const Vector& v : value.m.v) vectorBlock(v);
+    vectorBlock(value.offset);
+    blockValueEnd();
+}
+
+void AssetXmlWriter::componentBlock(std::string_view type, const XmlText& name, const TransformComponents& c,
+                                    const XmlText& label)
+{
+    parameterHead(type, name, "default", "none", label, false);
+    blockValueStart();
+    floatLine("x_rotation", c.x_rotation);
+    floatLine("y_rotation", c.y_rotation);
+    floatLine("z_rotation", c.z_rotation);
+    floatLine("x_scale", c.x_scale);
+    floatLine("y_scale", c.y_scale);
+    floatLine("z_scale", c.z_scale);
+    floatLine("x_offset", c.x_offset);
+    floatLine("y_offset", c.y_offset);
+    floatLine("z_offset", c.z_offset);
+    intLine("x_mirror", c.x_mirror);
+    intLine("y_mirror", c.y_mirror);
+    intLine("z_mirror", c.z_mirror);
+    blockValueEnd();
+}
+
+void AssetXmlWriter::writeComponentMatrix(XmlText name, const TransformComponents& value, XmlText label)
+{
+    componentBlock("componentMatrix", name, value, label);
+}
+
+void AssetXmlWriter::writeComponentTransform(XmlText name, const TransformComponents& value, XmlText label)
+{
+    componentBlock("componentTransform", name, value, label);
+}
+
+void AssetXmlWriter::openList(XmlText name, XmlText elementType, XmlText label)
+{
+    parameterHead("list", name, "default", elementType, label, false);
+    lineAscii("<value>");
+    lineAscii("<list>");
+    ++indentLevel;
+}
+
+void AssetXmlWriter::writeEntry(XmlText text)
+{
+    indent();
+    out.append(u"<entry>");
+    appendEscaped(text.toWide());
+    out.append(u"</entry>\n");
+}
+
+void AssetXmlWriter::writeStringEntry(XmlText text)
+{
+    indent();
+    out.append(u"<string>\"");
+    text.appendTo(out);
+    out.append(u"\"</string>\n");
+}
+
+void AssetXmlWriter::closeList()
+{
+    --indentLevel;
+    lineAscii("</list>");
+    lineAscii("</value>");
+    parameterEnd();
+}
+
+void AssetXmlWriter::writeRaw(XmlText text)
+{
+    text.appendTo(out);
+}
+
+std::u16string AssetXmlWriter::unescapeXml(std::u16string_view text)
+{
+    std::u16string result(text);
+    if (result.find(u'&') == std::u16string::npos) return result;
+    replaceAll(result, u"&lt;", u"<");
+    replaceAll(result, u"&gt;", u">");
+    replaceAll(result, u"&amp;", u"&");
+    return result;
+}
+
+std::u16string AssetXmlWriter::escapeXml(std::u16string_view text, bool unescapeFirst)
+{
+    std::u16string result = unescapeFirst ? unescapeXml(text) : std::u16string(text);
+    if (!needsEscaping(result)) return result;
+    replaceAll(result, u"&", u"&amp;");
+    replaceAll(result, u"<", u"&lt;");
+    replaceAll(result, u">", u"&gt;");
+    return result;
+}
+
+}  // namespace TalvexCore

@@ -1,0 +1,114 @@
+// AssetXmlWriter: the text emitter of asset XML, with its element and parameter forms.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "archive/value_types.h"
+#include "xml/xml_text.h"
+
+namespace TalvexCore {
+
+class BaseTexture;
+class BaseMaterial;
+class BaseUVW;
+class BaseBitmap;
+class TransformComponents;
+
+// Appends text to a wide string; it builds no tree and checks no balance, so the caller's order
+// of calls is the document's order. Lines end in a line feed; each level indents two blanks.
+class AssetXmlWriter {
+public:
+    // Takes the text written so far and empties it, so that a long document can be written out
+    // in pieces. Called wherever the writer flushes its stream.
+    using FlushSink = std::function<void(std::u16string& text)>;
+
+    explicit AssetXmlWriter(std::u16string& stream);
+    void setFlushSink(FlushSink sink) { flushSink = std::move(sink); }
+    void flush();
+
+    void openRoot(XmlText tag);
+    void closeRoot();
+    void openTag(XmlText tag);
+    void closeTag(XmlText tag);
+    void openAssets() { openTag("Assets"); }
+    void closeAssets() { closeTag("Assets"); }
+    void openAsset(XmlText url, XmlText type, XmlText layout);
+    void closeAsset();
+    void openPlugin(XmlText name, XmlText type);
+    void closePlugin();
+    void openParameters();
+    void closeParameters();
+
+    void writeFloat(XmlText name, float value, XmlText label = {}, bool isUserData = false);
+    void writeInt(XmlText name, int32_t value, XmlText label = {}, bool isUserData = false);
+    void writeBool(XmlText name, bool value, XmlText label = {}, bool isUserData = false);
+    void writeString(XmlText name, XmlText value, XmlText label = {}, bool isUserData = false);
+    void writeFileString(XmlText name, XmlText value, XmlText label = {}, bool isUserData = false);
+    void writePluginName(XmlText name, XmlText value, XmlText label = {});
+
+    // A plugin parameter naming another asset: its url, "/", and the object's plug-in type
+    // (a material's name). An empty reference gives the parameter with no value.
+    void writePlugin(XmlText name, const std::shared_ptr<BaseTexture>& ref, XmlText url, XmlText label = {});
+    void writePlugin(XmlText name, const std::shared_ptr<BaseMaterial>& ref, XmlText url, XmlText label = {});
+    void writePlugin(XmlText name, const std::shared_ptr<BaseUVW>& ref, XmlText url, XmlText label = {});
+    void writePlugin(XmlText name, const std::shared_ptr<BaseBitmap>& ref, XmlText url, XmlText label = {});
+
+    void writeColor(XmlText name, const Color& value, XmlText label = {});
+    void writeAColor(XmlText name, const AColor& value, XmlText label = {});
+    void writeVector(XmlText name, const Vector& value, XmlText label = {});
+    void writeMatrix(XmlText name, const Matrix& value, XmlText label = {});
+    void writeTransform(XmlText name, const Transform& value, XmlText label = {});
+    void writeComponentMatrix(XmlText name, const TransformComponents& value, XmlText label = {});
+    void writeComponentTransform(XmlText name, const TransformComponents& value, XmlText label = {});
+
+    void openList(XmlText name, XmlText elementType, XmlText label = {});
+    void writeEntry(XmlText text);
+    void writeStringEntry(XmlText text);
+    void closeList();
+
+    void writeRaw(XmlText text);
+
+    // Unescapes first when asked (the writer always asks), so escaped text is not escaped twice;
+    // then "&", "<" and ">" in this order. Quotes and apostrophes stay as they are.
+    static std::u16string escapeXml(std::u16string_view text, bool unescapeFirst);
+    // "&lt;", "&gt;", then "&amp;", each pass going on behind what it inserted.
+    static std::u16string unescapeXml(std::u16string_view text);
+    std::u16string indentText() const;
+
+    // Suns written so far, by id, and how a sun's url is formed; kept for the sky and sun emitters.
+    std::map<std::u16string, std::u16string> sunDirectory;
+    int32_t sunUrlMode = 1;
+
+private:
+    void indent();
+    void line(std::u16string_view text);
+    void lineAscii(std::string_view text);
+    void parameterHead(std::string_view type, const XmlText& name, std::string_view handler,
+                       const XmlText& listType, const XmlText& label, bool isUserData);
+    void parameterEnd();
+    // `<value>`text`</value>` then the parameter's end; the caller appends the text.
+    void inlineValueStart();
+    void inlineValueEnd();
+    void blockValueStart();
+    void blockValueEnd();
+    void floatLine(std::string_view tag, float value);
+    void intLine(std::string_view tag, int32_t value);
+    void vectorBlock(const Vector& v);
+    void componentBlock(std::string_view type, const XmlText& name, const TransformComponents& c,
+                        const XmlText& label);
+    void pluginReference(const XmlText& name, bool present, const XmlText& url, std::u16string_view tail,
+                         const XmlText& label);
+    void appendEscaped(std::u16string_view text);
+
+    std::u16string& out;
+    int32_t indentLevel = 0;
+    std::u16string rootTag;
+    FlushSink flushSink;
+};
+
+}  // namespace TalvexCore

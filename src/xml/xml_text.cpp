@@ -1,0 +1,24 @@
+#include "xml/xml_text.h"
+
+#include "archive/text_conversion.h"
+
+namespace TalvexCore {
+
+void XmlText::appendTo(std::u16string& out) const
+{
+    if (!isWide) {
+        appendNarrowAsWide(out, narrow);
+        return;
+    }
+    const auto zero = wide.find(u'\0');
+    out.append(zero == std::u16string_view::npos ? wide : wide.substr(0, zero));
+}
+
+std::u16string XmlText::toWide() const
+{
+    std::u16string out;
+    appendTo(out);
+    return out;
+}
+
+}  // namespace TalvexCore
