@@ -39,6 +39,9 @@ protected:
     bool writeBaseRecord(QuickArchive& out) const;
     // Version 1 (name) or 2 (name, uuid); an empty name becomes a fresh default name.
     bool readBaseRecord(QuickArchive& in);
+    // The bare name of the oldest records: an empty one becomes "DefaultMaterial", and either is
+    // made unique in the scene; control characters stay.
+    void readBareName(QuickArchive& in);
 };
 
 using MaterialPtr = std::shared_ptr<BaseMaterial>;
