@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "archive/quick_archive.h"
+#include "archive/stream_bytes.h"
 #include "archive/text_conversion.h"
 #include "archive/wide_text.h"
 #include "materials/serializable.h"
@@ -29,28 +30,14 @@ Header readHeader(std::istream& in)
     return header;
 }
 
-std::string readRest(std::istream& in)
-{
-    const auto start = in.tellg();
-    in.seekg(0, std::ios::end);
-    const auto end = in.tellg();
-    in.seekg(start);
-    if (start < 0 || end <= start) return {};
-    std::string data(static_cast<std::size_t>(end - start), '\0');
-    in.read(data.data(), static_cast<std::streamsize>(data.size()));
-    data.resize(static_cast<std::size_t>(std::max<std::streamsize>(in.gcount(), 0)));
-    return data;
-}
-
 // Version 1 files went through a text-mode stream: every line feed stands as CR LF. The repair is
 // blind and also takes a genuine CR LF pair in the data.
 void repairLineEnds(std::string& data)
 {
-    std::size_t pos = 0;
-    while ((pos = data.find("\r\n", pos)) != std::string::npos) {
-        data.erase(pos, 1);
-        ++pos;
-    }
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < data.size(); ++i)
+        if (data[i] != '\r' || i + 1 == data.size() || data[i + 1] != '\n') data[kept++] = data[i];
+    data.resize(kept);
 }
 
 }  // namespace
@@ -73,7 +60,7 @@ bool TalMatFile::load(std::istream& in)
     if (version == 3) {
         if (!archive.readFromStream(in)) return false;
     } else {
-        std::string data = readRest(in);
+        std::string data = readRemainingBytes(in);
         if (version == 1) repairLineEnds(data);
         archive = QuickArchive(data.data(), data.size());
     }

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <fstream>
 
+#include "archive/stream_bytes.h"
 #include "archive/text_conversion.h"
 #include "archive/wide_text.h"
 
@@ -35,12 +36,7 @@ ConversionOutcome appendPlainText(const std::u16string& path, std::u16string& te
 {
     std::ifstream in(wideToNarrow(path), std::ios::binary);
     if (!in.is_open()) return ConversionOutcome::Unreadable;
-    in.seekg(0, std::ios::end);
-    const std::streamoff size = in.tellg();
-    in.seekg(0, std::ios::beg);
-    std::string bytes(static_cast<std::size_t>(std::max<std::streamoff>(size, 0)), '\0');
-    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(std::max<std::streamsize>(in.gcount(), 0)));
+    std::string bytes = readRemainingBytes(in);
     bytes.resize(std::strlen(bytes.c_str()));  // everything behind the first zero byte is lost
     appendNarrowAsWide(text, bytes);
     if (sink) sink(text);

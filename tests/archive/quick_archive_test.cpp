@@ -1,0 +1,423 @@
+// The block archive: value words, blocks, the tolerant reads, streams and hostile lengths.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <sstream>
+
+#include "archive/quick_archive.h"
+#include "support/byte_builder.h"
+
+using namespace TalvexCore;
+using TalvexTest::ByteBuilder;
+using TalvexTest::writtenBytes;
+
+namespace {
+
+// An archive that reads from `offset` of a source whose read cursor is at 0, sharing its blocks.
+QuickArchive readingAt(const QuickArchive& source, uint64_t offset)
+{
+    QuickArchive a(source);
+    std::vector<uint8_t> skip(offset);
+    a.readRaw(skip.data(), skip.size());
+    return a;
+}
+
+QuickArchive patternArchive(std::size_t size)
+{
+    std::vector<uint8_t> bytes(size);
+    for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<uint8_t>(i * 7 + 3);
+    return QuickArchive(bytes.data(), bytes.size());
+}
+
+}  // namespace
+
+TEST(QuickArchive, EveryWordRoundTripsInItsSize)
+{
+    const Color color{0.25f, 0.5f, 2};
+    const Vector vector{-1, 0, 1e10f};
+    const AColor acolor{1, 2, 3, 0.5f};
+    const Bytes16 bytes16{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+    const Matrix matrix{{Vector{1, 2, 3}, Vector{4, 5, 6}, Vector{7, 8, 9}}};
+    const Transform transform{matrix, {10, 11, 12}};
+    const TransformD transformD{matrix, {0.5, 1.0 / 3.0, 1e300}};
+    const uint8_t raw[3] = {0xDE, 0xAD, 0xBE};
+
+    QuickArchive a(1);
+    std::vector<uint64_t> ends;
+    auto mark = [&] { ends.push_back(a.writePosition()); };
+    a.writeU8(0xAB), mark();
+    a.writeI8(-5), mark();
+    a.writeBool(true), mark();
+    a.writeU32(0xDEADBEEF), mark();
+    a.writeI32(-123456), mark();
+    a.writeF32(3.5f), mark();
+    a.writeF64(-2.25e-300), mark();
+    a.writeCount(0x1'0000'0007ull), mark();  // only the low 32 bits are stored
+    a.writeColor(color), mark();
+    a.writeVector(vector), mark();
+    a.writeAColor(acolor), mark();
+    a.writeBytes16(bytes16), mark();
+    a.writeRect({-1, 2, 30, 40, 99, 99, 99, 99}), mark();
+    a.writeMatrix(matrix), mark();
+    a.writeTransform(transform), mark();
+    a.writeTransformD(transformD), mark();
+    a.writeString("abc"), mark();
+    a.writeWString(u"\u00e9\U0001F600"), mark();  // 2 + 4 bytes of UTF-8
+    a.writeWString(u""), mark();
+    a.writeRaw(raw, 3), mark();
+    a.writeBuffer(raw, 2), mark();
+    EXPECT_EQ(ends, (std::vector<uint64_t>{1, 2, 3, 7, 11, 15, 23, 27, 39, 51, 67, 83, 99, 135, 183, 231, 238, 248,
+                                           252, 255, 261}));
+
+    uint8_t u8 = 0;
+    int8_t i8 = 0;
+    bool flag = false;
+    uint32_t u32 = 0;
+    int32_t i32 = 0;
+    float f32 = 0;
+    double f64 = 0;
+    uint64_t count = 0;
+    Color c;
+    Vector v;
+    AColor ac;
+    Bytes16 b16{};
+    Rect rect;
+    Matrix m;
+    Transform t;
+    TransformD td;
+    std::string s;
+    std::u16string ws = u"old", empty = u"old";
+    uint8_t rawBack[3] = {};
+    uint8_t buffer[4] = {};
+    a.readU8(u8), a.readI8(i8), a.readBool(flag), a.readU32(u32), a.readI32(i32), a.readF32(f32), a.readF64(f64);
+    a.readCount(count), a.readColor(c), a.readVector(v), a.readAColor(ac), a.readBytes16(b16), a.readRect(rect);
+    a.readMatrix(m), a.readTransform(t), a.readTransformD(td), a.readString(s), a.readWString(ws);
+    a.readWString(empty), a.readRaw(rawBack, 3);
+    EXPECT_EQ(a.readBuffer(buffer, 4, false), 2u);
+    EXPECT_EQ(a.readPosition(), a.writePosition());
+
+    EXPECT_EQ(u8, 0xAB);
+    EXPECT_EQ(i8, -5);
+    EXPECT_TRUE(flag);
+    EXPECT_EQ(u32, 0xDEADBEEF);
+    EXPECT_EQ(i32, -123456);
+    EXPECT_EQ(f32, 3.5f);
+    EXPECT_EQ(f64, -2.25e-300);
+    EXPECT_EQ(count, 7u);
+    EXPECT_EQ(c, color);
+    EXPECT_EQ(v, vector);
+    EXPECT_EQ(ac, acolor);
+    EXPECT_EQ(b16, bytes16);
+    // Reading derives width and height and clears the two spare words; the stored size was not written.
+    EXPECT_EQ(rect, (Rect{-1, 2, 30, 40, 31, 38, 0, 0}));
+    EXPECT_EQ(m, matrix);
+    EXPECT_EQ(t, transform);
+    // The offset of a transformD goes through binary32.
+    EXPECT_EQ(td.m, matrix);
+    EXPECT_EQ(td.offset[0], 0.5);
+    EXPECT_EQ(td.offset[1], static_cast<double>(1.0f / 3.0f));
+    EXPECT_EQ(td.offset[2], static_cast<double>(static_cast<float>(1e300)));
+    EXPECT_EQ(s, "abc");
+    EXPECT_EQ(ws, u"\u00e9\U0001F600");
+    EXPECT_EQ(empty, u"");
+    EXPECT_EQ(0, std::memcmp(rawBack, raw, 3));
+    EXPECT_EQ(buffer[0], 0xDE);
+    EXPECT_EQ(buffer[1], 0xAD);
+
+    const std::vector<uint8_t> bytes = writtenBytes(a);
+    EXPECT_EQ(std::vector<uint8_t>(bytes.begin() + 238, bytes.begin() + 248),
+              (std::vector<uint8_t>{6, 0, 0, 0, 0xC3, 0xA9, 0xF0, 0x9F, 0x98, 0x80}));
+    EXPECT_EQ(std::vector<uint8_t>(bytes.begin() + 248, bytes.begin() + 252), (std::vector<uint8_t>{0, 0, 0, 0}));
+}
+
+TEST(QuickArchive, ValuesStraddlingTwoBlocksReadBack)
+{
+    QuickArchive a(1);
+    const std::vector<uint8_t> fill(4094, 0x55);
+    a.writeRaw(fill.data(), fill.size());
+    a.writeU32(0x11223344);
+    a.writeString("across the seam");
+    a.writeColor({1, 2, 3});
+    EXPECT_EQ(a.blockCount(), 2u);
+
+    QuickArchive r = readingAt(a, 4094);
+    uint32_t u32 = 0;
+    std::string s;
+    Color c;
+    r.readU32(u32), r.readString(s), r.readColor(c);
+    EXPECT_EQ(u32, 0x11223344u);
+    EXPECT_EQ(s, "across the seam");
+    EXPECT_EQ(c, (Color{1, 2, 3}));
+}
+
+// Behind the last block a scalar keeps its bytes, and every word of several floats comes out zero.
+TEST(QuickArchive, ReadsPastTheEndKeepScalarsAndZeroTheRest)
+{
+    QuickArchive none(nullptr, 0);
+    EXPECT_EQ(none.blockCount(), 0u);
+    uint32_t seven = 7;
+    Color white{1, 1, 1};
+    none.readU32(seven);
+    none.readColor(white);
+    EXPECT_EQ(seven, 7u);
+    EXPECT_EQ(white, (Color{}));
+    EXPECT_EQ(none.readPosition(), 16u);  // the cursor moves in any case
+
+    QuickArchive a(nullptr, 0);
+    uint8_t u8 = 1;
+    int8_t i8 = -1;
+    bool flag = true;
+    int32_t i32 = -7;
+    float f32 = 0.5f;
+    double f64 = 0.25;
+    a.readU8(u8), a.readI8(i8), a.readBool(flag), a.readI32(i32), a.readF32(f32), a.readF64(f64);
+    EXPECT_EQ(u8, 1);
+    EXPECT_EQ(i8, -1);
+    EXPECT_TRUE(flag);
+    EXPECT_EQ(i32, -7);
+    EXPECT_EQ(f32, 0.5f);
+    EXPECT_EQ(f64, 0.25);
+
+    uint64_t count = 9;
+    Vector v{1, 1, 1};
+    AColor ac{1, 1, 1, 1};
+    Bytes16 b16;
+    b16.fill(0xFF);
+    Matrix m{{Vector{1, 1, 1}, Vector{1, 1, 1}, Vector{1, 1, 1}}};
+    Transform t{m, {1, 1, 1}};
+    TransformD td{m, {1, 1, 1}};
+    std::string s = "kept?";
+    std::u16string ws = u"kept?";
+    a.readCount(count), a.readVector(v), a.readAColor(ac), a.readBytes16(b16), a.readMatrix(m);
+    a.readTransform(t), a.readTransformD(td), a.readString(s), a.readWString(ws);
+    EXPECT_EQ(count, 0u);
+    EXPECT_EQ(v, Vector{});
+    EXPECT_EQ(ac, AColor{});
+    EXPECT_EQ(b16, Bytes16{});
+    EXPECT_EQ(m, Matrix{});
+    EXPECT_EQ(t, Transform{});
+    EXPECT_EQ(td, TransformD{});
+    EXPECT_EQ(s, "");
+    EXPECT_EQ(ws, u"");
+
+    // A scalar that runs off the end in its middle changes its low bytes only.
+    std::vector<uint8_t> bytes(4096, 0);
+    bytes[4094] = 0x22, bytes[4095] = 0x11;
+    QuickArchive partial = readingAt(QuickArchive(bytes.data(), bytes.size()), 4094);
+    uint32_t value = 0xFFFFFFFF;
+    partial.readU32(value);
+    EXPECT_EQ(value, 0xFFFF1122u);
+}
+
+// The whole-value copy inside a block must give exactly what single byte steps give, also where a
+// value crosses into the next block or off the end of the last one.
+TEST(QuickArchive, TypedReadsMatchByteStepsAtEveryOffset)
+{
+    const QuickArchive source = patternArchive(2 * QuickArchive::BlockSize);
+    auto byteSteps = [&](uint64_t offset, std::size_t n, uint8_t start) {
+        QuickArchive a = readingAt(source, offset);
+        std::vector<uint8_t> out(n, start);
+        for (auto& b : out) a.readU8(b);
+        return out;
+    };
+    auto bytesOf = [](const auto& value) {
+        const auto* p = reinterpret_cast<const uint8_t*>(&value);
+        return std::vector<uint8_t>(p, p + sizeof value);
+    };
+    for (uint64_t seam : {QuickArchive::BlockSize, 2 * QuickArchive::BlockSize}) {
+        for (uint64_t offset = seam - 40; offset <= seam + 4; ++offset) {
+            SCOPED_TRACE(offset);
+            QuickArchive a = readingAt(source, offset);
+            uint32_t u32 = 0xEEEEEEEE;
+            a.readU32(u32);
+            EXPECT_EQ(bytesOf(u32), byteSteps(offset, 4, 0xEE));
+            a = readingAt(source, offset);
+            double f64;
+            std::memset(&f64, 0xEE, sizeof f64);
+            a.readF64(f64);
+            EXPECT_EQ(bytesOf(f64), byteSteps(offset, 8, 0xEE));
+            a = readingAt(source, offset);
+            uint64_t count = 0;
+            a.readCount(count);
+            EXPECT_EQ(bytesOf(static_cast<uint32_t>(count)), byteSteps(offset, 4, 0));
+            a = readingAt(source, offset);
+            AColor ac{9, 9, 9, 9};
+            a.readAColor(ac);
+            EXPECT_EQ(bytesOf(ac), byteSteps(offset, 16, 0));
+            a = readingAt(source, offset);
+            Matrix m;
+            a.readMatrix(m);
+            EXPECT_EQ(bytesOf(m), byteSteps(offset, 36, 0));
+            EXPECT_EQ(a.readPosition(), offset + 36);
+        }
+    }
+}
+
+TEST(QuickArchive, CopiesShareBlocksAndCursors)
+{
+    QuickArchive a(1);
+    a.writeU32(5);
+    QuickArchive b(a);
+    EXPECT_EQ(b.writePosition(), 4u);
+    b.writeU32(6);
+    uint32_t seen = 0;
+    QuickArchive c = readingAt(a, 4);
+    c.readU32(seen);
+    EXPECT_EQ(seen, 6u);  // a write through the copy shows in the original
+    a = a;
+    EXPECT_EQ(a.writePosition(), 4u);
+    a.clear();
+    EXPECT_EQ(a.blockCount(), 0u);
+    EXPECT_EQ(a.writePosition(), 0u);
+    b.readU32(seen);
+    EXPECT_EQ(seen, 5u);  // the copy keeps its blocks
+}
+
+TEST(QuickArchive, ReadBufferWithAndWithoutRewind)
+{
+    const uint8_t twelve[12] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
+    const QuickArchive stored = ByteBuilder().u32(12).raw(twelve, 12).u8(0x77).archive();
+    QuickArchive a(stored);
+    uint8_t out[16] = {};
+
+    // Asking with a capacity of 0 tells the size and leaves the cursor in place.
+    EXPECT_EQ(a.readBuffer(out, 0, true), 12u);
+    EXPECT_EQ(a.readPosition(), 0u);
+    EXPECT_EQ(a.readBuffer(out, 12, true), 12u);
+    EXPECT_EQ(a.readPosition(), 16u);
+    EXPECT_EQ(0, std::memcmp(out, twelve, 12));
+
+    // Without rewind a short buffer takes what fits and the cursor skips the rest.
+    QuickArchive b(stored);
+    std::memset(out, 0, sizeof out);
+    EXPECT_EQ(b.readBuffer(out, 4, false), 12u);
+    EXPECT_EQ(b.readPosition(), 16u);
+    EXPECT_EQ(out[3], 4);
+    EXPECT_EQ(out[4], 0);
+    uint8_t next = 0;
+    b.readU8(next);
+    EXPECT_EQ(next, 0x77);
+
+    // A larger buffer takes the stored bytes only.
+    QuickArchive c(stored);
+    std::memset(out, 0xAA, sizeof out);
+    EXPECT_EQ(c.readBuffer(out, 16, false), 12u);
+    EXPECT_EQ(c.readPosition(), 16u);
+    EXPECT_EQ(out[11], 12);
+    EXPECT_EQ(out[12], 0xAA);
+}
+
+TEST(QuickArchive, PeekAndPoke)
+{
+    QuickArchive a(nullptr, 0);
+    uint8_t b = 0x42;
+    EXPECT_EQ(a.peekByte(0, b), 0);
+    EXPECT_EQ(b, 0x42);
+    a.pokeByte(10, 0x99);  // adds the block it needs
+    EXPECT_EQ(a.blockCount(), 1u);
+    EXPECT_EQ(a.writePosition(), 0u);
+    EXPECT_EQ(a.peekByte(10, b), 1);
+    EXPECT_EQ(b, 0x99);
+    EXPECT_EQ(a.peekByte(4095, b), 1);
+    EXPECT_EQ(b, 0);
+    EXPECT_EQ(a.peekByte(4096, b), 0);
+    uint8_t checked = 0x13;
+    QuickArchive r = readingAt(a, 4095);
+    EXPECT_EQ(r.readByteChecked(checked), 1);
+    EXPECT_EQ(r.readByteChecked(checked), 0);
+    EXPECT_EQ(r.readPosition(), 4097u);
+}
+
+TEST(QuickArchive, StreamFormIsCountThenWholeBlocks)
+{
+    const QuickArchive a = patternArchive(4097);
+    std::ostringstream out;
+    EXPECT_TRUE(a.writeToStream(out));
+    const std::string file = out.str();
+    ASSERT_EQ(file.size(), 4u + 8192u);
+    EXPECT_EQ(file.substr(0, 4), std::string("\x02\x00\x00\x00", 4));
+    EXPECT_EQ(static_cast<uint8_t>(file[4 + 4096]), static_cast<uint8_t>(4096 * 7 + 3));
+
+    QuickArchive back(1);
+    back.writeU32(0xFFFFFFFF);
+    std::istringstream in(file);
+    EXPECT_TRUE(back.readFromStream(in));
+    EXPECT_EQ(back.blockCount(), 2u);
+    EXPECT_EQ(back.readPosition(), 0u);
+    EXPECT_EQ(back.writePosition(), 0u);
+    for (uint64_t i : {0ull, 4095ull, 4096ull}) {
+        uint8_t x = 0, y = 1;
+        a.peekByte(i, x), back.peekByte(i, y);
+        EXPECT_EQ(x, y) << i;
+    }
+    // After loading, a write starts at 0 over the blocks just read.
+    back.writeU8(0xEE);
+    uint8_t first = 0;
+    back.readU8(first);
+    EXPECT_EQ(first, 0xEE);
+}
+
+TEST(QuickArchive, StreamWithMissingBlocksOrNone)
+{
+    // A count of 2 with one block behind it loads, and the missing block reads as zeros.
+    const std::string file = std::string("\x02\x00\x00\x00", 4) + std::string(4096, '\x5A');
+    std::istringstream in(file);
+    QuickArchive a(1);
+    EXPECT_TRUE(a.readFromStream(in));
+    EXPECT_EQ(a.blockCount(), 2u);
+    QuickArchive r = readingAt(a, 4094);
+    uint32_t value = 0xFFFFFFFF;
+    r.readU32(value);
+    EXPECT_EQ(value, 0x00005A5Au);
+    uint32_t later = 7;
+    r.readU32(later);
+    EXPECT_EQ(later, 0u);
+
+    std::istringstream zero(std::string(4, '\0'));
+    EXPECT_FALSE(a.readFromStream(zero));
+    EXPECT_EQ(a.blockCount(), 0u);
+    std::istringstream nothing("");
+    EXPECT_FALSE(a.readFromStream(nothing));
+}
+
+// Damaged lengths and counts cost no more memory than the data holds, and the cursor still moves
+// as the length says.
+TEST(QuickArchive, HostileLengthsDoNotAllocate)
+{
+    QuickArchive a = ByteBuilder().u32(0xFFFFFFF0).raw("text", 4).archive();
+    std::string s;
+    a.readString(s);
+    EXPECT_EQ(s, "text");
+    EXPECT_LT(s.capacity(), 8192u);
+    EXPECT_EQ(a.readPosition(), 4u + 0xFFFFFFF0u);
+
+    QuickArchive w = ByteBuilder().u32(0xFFFFFFF0).raw("\xC3\xA9t\xC3\xA9", 5).archive();
+    std::u16string ws;
+    w.readWString(ws);
+    EXPECT_EQ(ws, u"\u00e9t\u00e9");
+    EXPECT_EQ(w.readPosition(), 4u + 0xFFFFFFF0u);
+
+    // A string that starts in the data and runs past it keeps what exists.
+    std::vector<uint8_t> bytes(4090, 'x');
+    QuickArchive tail = ByteBuilder().raw(bytes.data(), bytes.size()).u32(100).raw("ab", 2).archive();
+    QuickArchive r = readingAt(tail, 4090);
+    r.readString(s);
+    EXPECT_EQ(s, "ab");
+    EXPECT_EQ(r.readPosition(), 4094u + 100u);
+
+    // A block count of 0xFFFFFFFF in a 20-byte file loads what is there.
+    const std::string file = std::string("\xFF\xFF\xFF\xFF", 4) + "sixteen bytes...";
+    std::istringstream in(file);
+    QuickArchive big(1);
+    EXPECT_TRUE(big.readFromStream(in));
+    EXPECT_EQ(big.blockCount(), 0xFFFFFFFFu);
+    EXPECT_LE(big.dataLeft(), QuickArchive::BlockSize);
+    std::string word;
+    big.readString(word);  // "sixt" read as a length
+    uint8_t far = 1;
+    EXPECT_EQ(big.peekByte(uint64_t(1) << 40, far), 1);
+    EXPECT_EQ(far, 0);
+    EXPECT_FALSE(big.countFits(1000, 8));
+    EXPECT_TRUE(patternArchive(1).countFits(4096, 1));
+    EXPECT_FALSE(patternArchive(1).countFits(4097, 1));
+}
