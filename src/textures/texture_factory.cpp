@@ -8,9 +8,18 @@
 #include "textures/base_uvw.h"
 #include "textures/bitmap_buffer.h"
 #include "textures/bitmap_texture.h"
+#include "textures/blend_texture.h"
+#include "textures/bulge_texture.h"
 #include "textures/channel_uvw.h"
+#include "textures/checker_texture.h"
+#include "textures/cloth_texture.h"
 #include "textures/environment_uvw.h"
 #include "textures/fresnel_texture.h"
+#include "textures/grid_texture.h"
+#include "textures/invert_texture.h"
+#include "textures/noise_texture.h"
+#include "textures/ramp_texture.h"
+#include "textures/uvw_texture.h"
 #include "textures/world_object_uvw.h"
 
 namespace TalvexCore {
@@ -20,8 +29,17 @@ TexturePtr createTexture(uint32_t id)
     switch (id) {
     case 0: return std::make_shared<BitmapTexture>();
     case 1: return std::make_shared<FresnelTexture>();
+    case 2: return std::make_shared<UVWTexture>();
+    case 3: return std::make_shared<NoiseTexture>();
+    case 4: return std::make_shared<CheckerTexture>();
     case 5: return std::make_shared<AColorTexture>();
-    default: return nullptr;
+    case 6: return std::make_shared<GridTexture>();
+    case 7: return std::make_shared<ClothTexture>();
+    case 8: return std::make_shared<BulgeTexture>();
+    case 9: return std::make_shared<InvertTexture>();
+    case 10: return std::make_shared<BlendTexture>();
+    case 11: return std::make_shared<RampTexture>();
+    default: return nullptr;  // the sky (12) is not built yet
     }
 }
 
