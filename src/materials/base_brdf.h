@@ -2,12 +2,38 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 
+#include "archive/value_types.h"
 #include "materials/serializable.h"
 
 namespace TalvexCore {
+
+class BaseTexture;
+
+// One parameter of a layer's asset, in the form its value calls for. A texture parameter also
+// names the url word under which its child's asset stands.
+struct LayerParameter {
+    enum class Form { Color, Float, Integer, Bool, Texture };
+
+    LayerParameter(const char* name, const Color& value) : name(name), form(Form::Color), color(value) {}
+    LayerParameter(const char* name, float value) : name(name), form(Form::Float), number(value) {}
+    LayerParameter(const char* name, int32_t value) : name(name), form(Form::Integer), integer(value) {}
+    LayerParameter(const char* name, bool value) : name(name), form(Form::Bool), flag(value) {}
+    LayerParameter(const char* name, const std::shared_ptr<BaseTexture>& child, const char* urlWord)
+        : name(name), form(Form::Texture), texture(&child), urlWord(urlWord) {}
+
+    const char* name;
+    Form form;
+    Color color{};
+    float number = 0;
+    int32_t integer = 0;
+    bool flag = false;
+    const std::shared_ptr<BaseTexture>* texture = nullptr;
+    const char* urlWord = nullptr;
+};
 
 class Base_BRDF : public TalvexSerializable, public TalvexXMLSerializable {
 public:
@@ -35,6 +61,23 @@ protected:
     bool writeBaseRecord(QuickArchive& out) const;
     // Any version 1 to 4; the name loses its control characters also when the record fails.
     bool readBaseRecord(QuickArchive& in);
+
+    // The asset of a layer under `url` + "/" + name: the present children first, each as its own
+    // asset under the layer's url and its url word, then the layer with its parameters in order.
+    void writeLayerXml(AssetXmlWriter& writer, std::u16string url,
+                       std::initializer_list<LayerParameter> parameters) const;
+
+    // The other layer when it is of this class, else null; empty references are of no class.
+    template <class T>
+    const T* sameClass(const std::shared_ptr<Base_BRDF>& other) const
+    {
+        return other && other->typeId() == typeId() ? dynamic_cast<const T*>(other.get()) : nullptr;
+    }
+
+    // Old reflection records keep a Fresnel switch and index where newer ones keep a texture: a
+    // switch that is on makes a new Fresnel texture of that index the transparency texture.
+    static void upgradeFresnel(std::shared_ptr<BaseTexture>& transparency_tex, float fresnelIndex,
+                               uint32_t fresnelSwitch);
 };
 
 using BRDFPtr = std::shared_ptr<Base_BRDF>;

@@ -1,0 +1,106 @@
+#include "materials/base_brdf.h"
+
+#include "archive/quick_archive.h"
+#include "archive/text_conversion.h"
+#include "materials/record_io.h"
+#include "textures/fresnel_texture.h"
+#include "xml/asset_xml_writer.h"
+
+namespace TalvexCore {
+
+namespace {
+
+constexpr uint32_t baseRecordVersion = 4;
+
+}  // namespace
+
+bool Base_BRDF::writeBinary(QuickArchive& out) const
+{
+    return writeBaseRecord(out);
+}
+
+bool Base_BRDF::readBinary(QuickArchive& in)
+{
+    return readBaseRecord(in);
+}
+
+void Base_BRDF::writeXml(AssetXmlWriter& /*writer*/, std::u16string /*url*/) const {}
+
+void Base_BRDF::resetBaseDefaults()
+{
+    name = pluginType();
+    layer_flag_1 = true;
+    layer_flag_2 = false;
+    layer_flag_3 = false;
+}
+
+bool Base_BRDF::writeBaseRecord(QuickArchive& out) const
+{
+    writeVersion(out, baseRecordVersion);
+    out.writeWString(name);
+    out.writeBool(layer_flag_1);
+    out.writeBool(layer_flag_2);
+    out.writeBool(layer_flag_3);
+    return true;
+}
+
+// Version 1 holds the name; each later version adds one flag.
+bool Base_BRDF::readBaseRecord(QuickArchive& in)
+{
+    resetBaseDefaults();
+    const auto version = readVersion(in, {1, 2, 3, 4});
+    if (version) {
+        in.readWString(name);
+        if (*version >= 2) in.readBool(layer_flag_1);
+        if (*version >= 3) in.readBool(layer_flag_2);
+        if (*version >= 4) in.readBool(layer_flag_3);
+    }
+    // A damaged or old name never reaches the XML with a control character, even on failure.
+    stripControlCharacters(name);
+    return version.has_value();
+}
+
+void Base_BRDF::writeLayerXml(AssetXmlWriter& writer, std::u16string url,
+                              std::initializer_list<LayerParameter> parameters) const
+{
+    url += u"/";
+    url += name;
+    const auto childUrl = [&url](const LayerParameter& parameter) {
+        std::u16string result = url + u"/";
+        appendNarrowAsWide(result, parameter.urlWord);
+        return result;
+    };
+
+    for (const LayerParameter& parameter : parameters)
+        if (parameter.form == LayerParameter::Form::Texture && *parameter.texture)
+            (*parameter.texture)->writeXml(writer, childUrl(parameter));
+
+    writer.openAsset(url, assetType(), "");
+    writer.openPlugin(pluginType(), assetType());
+    writer.openParameters();
+    for (const LayerParameter& parameter : parameters) {
+        switch (parameter.form) {
+        case LayerParameter::Form::Color: writer.writeColor(parameter.name, parameter.color); break;
+        case LayerParameter::Form::Float: writer.writeFloat(parameter.name, parameter.number); break;
+        case LayerParameter::Form::Integer: writer.writeInt(parameter.name, parameter.integer); break;
+        case LayerParameter::Form::Bool: writer.writeBool(parameter.name, parameter.flag); break;
+        case LayerParameter::Form::Texture:
+            writer.writePlugin(parameter.name, *parameter.texture, childUrl(parameter));
+            break;
+        }
+    }
+    writer.closeParameters();
+    writer.closePlugin();
+    writer.closeAsset();
+}
+
+void Base_BRDF::upgradeFresnel(std::shared_ptr<BaseTexture>& transparency_tex, float fresnelIndex,
+                               uint32_t fresnelSwitch)
+{
+    if (fresnelSwitch == 0) return;
+    auto fresnel = std::make_shared<FresnelTexture>();
+    fresnel->fresnel_ior = fresnelIndex;
+    transparency_tex = fresnel;
+}
+
+}  // namespace TalvexCore

@@ -1,0 +1,133 @@
+#include "materials/phong_blinn_brdf.h"
+
+#include "materials/record_io.h"
+#include "materials/shared_constants.h"
+#include "textures/fresnel_texture.h"
+#include "xml/asset_xml_writer.h"
+
+namespace TalvexCore {
+
+bool Glossy_BRDF::writeBinary(QuickArchive& out) const
+{
+    writeVersion(out, 6);
+    out.writeColor(color); out.writeColor(filter_color);
+    out.writeF32(hilightGlossiness); out.writeF32(reflectionGlossiness); out.writeF32(cutoff);
+    out.writeU32(subdivs); out.writeU32(back_side); out.writeU32(aux_int);
+    out.writeF32(color_tex_mult); out.writeF32(hilightGlossiness_tex_mult);
+    out.writeF32(reflectionGlossiness_tex_mult); out.writeF32(transparency_tex_mult);
+    if (!writeChild(out, color_tex) || !writeChild(out, hilightGlossiness_tex) ||
+        !writeChild(out, reflectionGlossiness_tex) || !writeChild(out, transparency_tex))
+        return false;
+    out.writeF32(anisotropy); out.writeF32(anisotropy_rotation);
+    return writeBaseRecord(out);
+}
+
+// Glossy layer. Versions 1 to 5 keep a Fresnel index and switch where version 6 keeps the
+// transparency texture; version 2 stored texture paths, version 3 added the anisotropy and
+// version 5 the name.
+bool Glossy_BRDF::readBinary(QuickArchive& in)
+{
+    const auto version = readVersion(in, {1, 2, 3, 4, 5, 6});
+    resetDefaults();
+    if (!version) return false;
+    transparency_tex = nullptr;
+    float fresnelIndex = 0;
+    uint32_t fresnelSwitch = 0;
+    in.readColor(color); in.readColor(filter_color);
+    in.readF32(hilightGlossiness); in.readF32(reflectionGlossiness);
+    if (*version <= 5) in.readF32(fresnelIndex);
+    in.readF32(cutoff); in.readU32(subdivs);
+    if (*version <= 5) in.readU32(fresnelSwitch);
+    in.readU32(back_side); in.readU32(aux_int);
+    if (*version >= 2) {
+        in.readF32(color_tex_mult); in.readF32(hilightGlossiness_tex_mult);
+        in.readF32(reflectionGlossiness_tex_mult);
+    }
+    if (*version == 6) in.readF32(transparency_tex_mult);
+    if (*version == 2 || *version == 3) {
+        readFileChildren(in, color_tex, hilightGlossiness_tex, reflectionGlossiness_tex);
+    } else if (*version >= 4) {
+        if (!readChild(in, color_tex) || !readChild(in, hilightGlossiness_tex) ||
+            !readChild(in, reflectionGlossiness_tex))
+            return false;
+        if (*version == 6 && !readChild(in, transparency_tex)) return false;
+    }
+    if (*version >= 3) { in.readF32(anisotropy); in.readF32(anisotropy_rotation); }
+    upgradeFresnel(transparency_tex, fresnelIndex, fresnelSwitch);
+    if (*version <= 4) return true;
+    return readBaseRecord(in);
+}
+
+void Glossy_BRDF::resetDefaults()
+{
+    resetBaseDefaults();
+    color = whiteColor;
+    filter_color = whiteColor;
+    hilightGlossiness = 1;
+    reflectionGlossiness = 1;
+    cutoff = 0.01f;
+    hilightGlossiness_tex_mult = 1;
+    reflectionGlossiness_tex_mult = 1;
+    color_tex_mult = 1;
+    transparency_tex_mult = 1;
+    anisotropy = 0;
+    anisotropy_rotation = 0;
+    subdivs = 8;
+    aux_int = 5;
+    back_side = 0;
+    hilightGlossiness_tex = nullptr;
+    reflectionGlossiness_tex = nullptr;
+    color_tex = nullptr;
+    transparency_tex = std::make_shared<FresnelTexture>();
+}
+
+BRDFPtr Glossy_BRDF::withClonedChildren(std::shared_ptr<Glossy_BRDF> copy) const
+{
+    copy->hilightGlossiness_tex = cloneChild(hilightGlossiness_tex);
+    copy->reflectionGlossiness_tex = cloneChild(reflectionGlossiness_tex);
+    copy->color_tex = cloneChild(color_tex);
+    copy->transparency_tex = cloneChild(transparency_tex);
+    return copy;
+}
+
+// Phong and Blinn layers of equal values differ by their type ids.
+bool Glossy_BRDF::isEqual(const BRDFPtr& other) const
+{
+    const auto* o = sameClass<Glossy_BRDF>(other);
+    return o && childEqual(color_tex, o->color_tex) && childEqual(hilightGlossiness_tex, o->hilightGlossiness_tex) &&
+           childEqual(reflectionGlossiness_tex, o->reflectionGlossiness_tex) &&
+           childEqual(transparency_tex, o->transparency_tex) &&
+           color == o->color && filter_color == o->filter_color && hilightGlossiness == o->hilightGlossiness &&
+           reflectionGlossiness == o->reflectionGlossiness && cutoff == o->cutoff &&
+           hilightGlossiness_tex_mult == o->hilightGlossiness_tex_mult &&
+           reflectionGlossiness_tex_mult == o->reflectionGlossiness_tex_mult &&
+           color_tex_mult == o->color_tex_mult && transparency_tex_mult == o->transparency_tex_mult &&
+           anisotropy == o->anisotropy && anisotropy_rotation == o->anisotropy_rotation &&
+           subdivs == o->subdivs && aux_int == o->aux_int && back_side == o->back_side;
+}
+
+// The url words are in snake case although the parameter names are mixed.
+void Glossy_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
+{
+    writeLayerXml(writer, std::move(url), {
+        {"color", color},
+        {"transparency", filter_color.complementColor()},
+        {"hilightGlossiness", hilightGlossiness},
+        {"reflectionGlossiness", reflectionGlossiness},
+        {"cutoff", cutoff},
+        {"subdivs", static_cast<int32_t>(subdivs)},
+        {"back_side", static_cast<int32_t>(back_side)},
+        {"color_tex_mult", color_tex_mult},
+        {"hilightGlossiness_tex_mult", hilightGlossiness_tex_mult},
+        {"reflectionGlossiness_tex_mult", reflectionGlossiness_tex_mult},
+        {"transparency_tex_mult", transparency_tex_mult},
+        {"anisotropy", anisotropy},
+        {"anisotropy_rotation", anisotropy_rotation},
+        {"color_tex", color_tex, "color_texture"},
+        {"hilightGlossiness_tex", hilightGlossiness_tex, "hilight_glossiness_texture"},
+        {"reflectionGlossiness_tex", reflectionGlossiness_tex, "reflection_glossiness_texture"},
+        {"transparency_tex", transparency_tex, "transparency_texture"},
+    });
+}
+
+}  // namespace TalvexCore
