@@ -4,6 +4,8 @@
 
 #include "archive/quick_archive.h"
 #include "archive/text_conversion.h"
+#include "materials/diffuse_brdf.h"
+#include "materials/material_layered_brdf.h"
 #include "materials/record_io.h"
 #include "materials/uuid.h"
 
@@ -182,6 +184,22 @@ std::u16string SceneMaterials::legalizeName(std::u16string name)
 MaterialPtr SceneMaterials::getDefaultMaterial() const
 {
     return getMaterial(defaultMaterialName());
+}
+
+bool SceneMaterials::addDefaultMaterial()
+{
+    // The hidden template, made once and kept until the process ends.
+    static const std::shared_ptr<const MaterialLayeredBRDF> templateMaterial = [] {
+        auto diffuse = std::make_shared<Diffuse_BRDF>();
+        diffuse->name = u"Diffuse";
+        MaterialLayeredBRDF material;
+        material.brdfs.push_back(diffuse->clone());
+        material.name = u"Default_Nuva_Material_Actual";
+        return std::make_shared<const MaterialLayeredBRDF>(material);
+    }();
+    const MaterialPtr material = templateMaterial->clone();
+    material->name = defaultMaterialName();
+    return addMaterial(material);
 }
 
 void SceneMaterials::dump(std::ostream& out) const

@@ -3,8 +3,14 @@
 
 #include <sstream>
 
+#include "archive/quick_archive.h"
+#include "archive/text_conversion.h"
+#include "materials/diffuse_brdf.h"
+#include "materials/material_layered_brdf.h"
 #include "materials/scene_materials.h"
 #include "materials/uuid.h"
+#include "support/byte_builder.h"
+#include "xml/asset_xml_writer.h"
 
 namespace TalvexCore {
 namespace {
@@ -185,6 +191,126 @@ TEST_F(SceneMaterialsTest, DumpListsNamesThenUuids)
     std::wostringstream wide;
     scene.dump(wide);
     EXPECT_EQ(wide.str(), L"A A\nb b\nBeginning UUIDs\n1 A\n2 b\n");
+}
+
+std::shared_ptr<MaterialLayeredBRDF> layered(std::u16string name, std::u16string id = {}, uint32_t aux = 0)
+{
+    auto material = std::make_shared<MaterialLayeredBRDF>();
+    material->name = std::move(name);
+    material->uuid = std::move(id);
+    material->layered_aux_1 = aux;
+    material->brdfs.push_back(std::make_shared<Diffuse_BRDF>());
+    return material;
+}
+
+// A layered material's record as the set stores it: its type id, then the version 4 record.
+TalvexTest::ByteBuilder layeredEntry(const std::string& name, const std::string& id)
+{
+    TalvexTest::ByteBuilder b;
+    b.u32(1).tag(4).u32(0).u32(1).u32(0).u32(1).u32(1).tag(2).str(name).str(id).u32(0);
+    return b;
+}
+
+TEST_F(SceneMaterialsTest, Version2RecordSurvivesWriteAndRead)
+{
+    scene.addMaterial(layered(u"Brick", u"id-brick", 3));
+    scene.addMaterial(layered(u"Glass", {}, 4));
+    const std::u16string glassId = scene.uuidForName(u"Glass");
+    QuickArchive out(1);
+    ASSERT_TRUE(scene.writeBinary(out));
+
+    SceneMaterials back;
+    back.addMaterial(layered(u"Stale"));
+    ASSERT_TRUE(back.readBinary(out));
+    std::vector<std::u16string> names;
+    back.materialNames(names);
+    EXPECT_EQ(names, (std::vector<std::u16string>{u"Brick", u"Glass"}));
+    EXPECT_EQ(back.materialCount(), 2);
+    EXPECT_EQ(back.uuidForName(u"Glass"), glassId);
+    EXPECT_EQ(back.uuidForName(u"Brick"), u"id-brick");
+    EXPECT_TRUE(back.getMaterial(u"glass")->isEqual(scene.getMaterial(u"Glass")));
+    EXPECT_FALSE(back.getMaterial(u"glass")->isEqual(scene.getMaterial(u"Brick")));
+}
+
+TEST_F(SceneMaterialsTest, Version2TakesItsListsAsStored)
+{
+    TalvexTest::ByteBuilder b;
+    b.tag(2).u32(3).append(layeredEntry("Wood", "w")).append(layeredEntry("WOOD", "w2")).append(layeredEntry("Tile", ""));
+    b.u32(1).str("W").str("Wood");
+    QuickArchive in = b.archive();
+    ASSERT_TRUE(scene.readBinary(in));
+    EXPECT_EQ(scene.materials.size(), 2u) << "a repeated name is ignored";
+    EXPECT_EQ(scene.getMaterial(u"wood")->uuid, u"w");
+    EXPECT_EQ(scene.materialCount(), -1) << "the identifier list is shorter";
+    EXPECT_EQ(scene.uuidForName(u"Tile"), u"");
+    EXPECT_EQ(scene.materialForUuid(u"w"), scene.getMaterial(u"Wood"));
+
+    TalvexTest::ByteBuilder huge;
+    huge.tag(2).u32(0).u32(0x7FFFFFFF).str("a").str("b");
+    QuickArchive bad = huge.archive();
+    EXPECT_FALSE(scene.readBinary(bad));
+    EXPECT_TRUE(scene.materials.empty()) << "each read begins by clearing the set";
+}
+
+TEST_F(SceneMaterialsTest, Version1MakesTheIdentifiers)
+{
+    TalvexTest::ByteBuilder b;
+    b.tag(1).u32(2).append(layeredEntry("Wood", "w")).append(layeredEntry("Tile", ""));
+    QuickArchive in = b.archive();
+    ASSERT_TRUE(scene.readBinary(in));
+    EXPECT_EQ(scene.materialCount(), 2);
+    EXPECT_EQ(scene.uuidForName(u"Wood"), u"w");
+    EXPECT_EQ(scene.uuidForName(u"Tile").size(), 36u);
+
+    TalvexTest::ByteBuilder twice;
+    twice.tag(1).u32(2).append(layeredEntry("Wood", "")).append(layeredEntry("wood", ""));
+    QuickArchive again = twice.archive();
+    EXPECT_FALSE(scene.readBinary(again)) << "in version 1 a repeated name fails the load";
+
+    TalvexTest::ByteBuilder unknown;
+    unknown.tag(1).u32(1).u32(15).tag(1);
+    QuickArchive third = unknown.archive();
+    EXPECT_FALSE(scene.readBinary(third));
+    TalvexTest::ByteBuilder lowBits;
+    lowBits.u32(0x20001);
+    QuickArchive fourth = lowBits.archive();
+    EXPECT_FALSE(scene.readBinary(fourth));
+}
+
+TEST_F(SceneMaterialsTest, DefaultMaterialIsACloneOfTheHiddenTemplate)
+{
+    SceneMaterials& shared = *sceneMaterials();
+    shared.clear();
+    EXPECT_EQ(shared.getDefaultMaterial(), nullptr);
+    ASSERT_TRUE(shared.addDefaultMaterial());
+    const auto material = std::dynamic_pointer_cast<MaterialLayeredBRDF>(shared.getDefaultMaterial());
+    ASSERT_NE(material, nullptr);
+    EXPECT_EQ(material->name, u"Default_Nuva_Material");
+    EXPECT_EQ(material->uuid, u"");
+    ASSERT_EQ(material->brdfs.size(), 1u);
+    EXPECT_EQ(material->brdfs[0]->name, u"Diffuse");
+    EXPECT_TRUE(material->brdfs[0]->isEqual(std::make_shared<Diffuse_BRDF>()));
+    EXPECT_FALSE(shared.addDefaultMaterial());
+    shared.clear();
+}
+
+TEST_F(SceneMaterialsTest, WriteXmlGivesEachMaterialInNameOrder)
+{
+    auto b = std::make_shared<MaterialLayeredBRDF>();
+    b->name = u"b";
+    auto a = std::make_shared<MaterialLayeredBRDF>();
+    a->name = u"A";
+    scene.addMaterial(b);
+    scene.addMaterial(a);
+    std::u16string text;
+    AssetXmlWriter writer(text);
+    scene.writeXml(writer);
+    const std::string xml = wideToNarrow(text);
+    const auto first = xml.find("url=\"/A\"");
+    const auto second = xml.find("url=\"/b\"");
+    ASSERT_NE(first, std::string::npos);
+    ASSERT_NE(second, std::string::npos);
+    EXPECT_LT(first, second);
 }
 
 }  // namespace

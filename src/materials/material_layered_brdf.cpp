@@ -1,0 +1,147 @@
+#include "materials/material_layered_brdf.h"
+
+#include "archive/quick_archive.h"
+#include "materials/record_io.h"
+#include "materials/scene_materials.h"
+#include "xml/asset_xml_writer.h"
+
+namespace TalvexCore {
+
+namespace {
+
+// A layer in the list is at least its type id and its tag.
+constexpr uint64_t minimumLayerBytes = 8;
+
+// A list of layers: a count, then each layer's type id and record, with no presence byte.
+bool readLayers(QuickArchive& in, std::vector<BRDFPtr>& layers)
+{
+    uint64_t count = 0;
+    in.readCount(count);
+    if (!in.countFits(count, minimumLayerBytes)) return false;
+    for (uint64_t i = 0; i < count; ++i) {
+        BRDFPtr layer;
+        if (!readRequiredChild(in, layer)) return false;
+        layers.push_back(layer);
+    }
+    return true;
+}
+
+bool writeLayers(QuickArchive& out, const std::vector<BRDFPtr>& layers)
+{
+    out.writeCount(layers.size());
+    for (const BRDFPtr& layer : layers)
+        if (!writeRequiredChild(out, layer)) return false;
+    return true;
+}
+
+}  // namespace
+
+void MaterialLayeredBRDF::resetDefaults()
+{
+    resetBaseDefaults();
+    brdfs.clear();
+    double_sided = 1;
+    layered_aux_1 = 0;
+    layered_aux_2 = 1;
+    layered_aux_3 = 1;
+    layered_aux_4 = 0;
+}
+
+// Layered material, version 4: layers, five integers with the base record before the last.
+bool MaterialLayeredBRDF::writeBinary(QuickArchive& out) const
+{
+    writeVersion(out, 4);
+    if (!writeLayers(out, brdfs)) return false;
+    out.writeU32(double_sided);
+    out.writeU32(layered_aux_1);
+    out.writeU32(layered_aux_2);
+    out.writeU32(layered_aux_3);
+    if (!writeBaseRecord(out)) return false;
+    out.writeU32(layered_aux_4);
+    return true;
+}
+
+bool MaterialLayeredBRDF::readBinary(QuickArchive& in)
+{
+    // The tag is read before the reset, and a refused tag leaves the defaults.
+    const auto version = readVersion(in, {1, 2, 3, 4});
+    resetDefaults();
+    if (!version) return false;
+    if (!readLayers(in, brdfs)) return false;
+    in.readU32(double_sided);
+    in.readU32(layered_aux_1);
+    if (*version >= 3) {
+        in.readU32(layered_aux_2);
+        in.readU32(layered_aux_3);
+    }
+    // Version 1 stored a bare name where later versions store the base record.
+    if (*version == 1) {
+        readBareName(in);
+        return true;
+    }
+    const bool base = readBaseRecord(in);
+    if (*version >= 4) in.readU32(layered_aux_4);
+    return base;
+}
+
+std::shared_ptr<MaterialLayeredBRDF> MaterialLayeredBRDF::copyWithClonedLayers() const
+{
+    auto copy = std::make_shared<MaterialLayeredBRDF>(*this);
+    for (BRDFPtr& layer : copy->brdfs) layer = cloneChild(layer);
+    return copy;
+}
+
+MaterialPtr MaterialLayeredBRDF::clone() const
+{
+    auto copy = copyWithClonedLayers();
+    copy->name = sceneMaterials()->uniqueName(name);
+    return copy;
+}
+
+MaterialPtr MaterialLayeredBRDF::cloneSameName() const
+{
+    return copyWithClonedLayers();
+}
+
+bool MaterialLayeredBRDF::isEqual(const MaterialPtr& other) const
+{
+    if (!other || other->typeId() != typeId()) return false;
+    const auto* that = dynamic_cast<const MaterialLayeredBRDF*>(other.get());
+    if (!that || that->brdfs.size() != brdfs.size()) return false;
+    for (std::size_t i = 0; i < brdfs.size(); ++i)
+        if (!childEqual(brdfs[i], that->brdfs[i])) return false;
+    return double_sided == that->double_sided && layered_aux_1 == that->layered_aux_1 &&
+           layered_aux_2 == that->layered_aux_2 && layered_aux_3 == that->layered_aux_3 &&
+           layered_aux_4 == that->layered_aux_4;
+}
+
+void MaterialLayeredBRDF::writeLayerAssets(AssetXmlWriter& writer, const std::u16string& url) const
+{
+    for (const BRDFPtr& layer : brdfs)
+        if (layer) layer->writeXml(writer, url);
+}
+
+void MaterialLayeredBRDF::writeLayerList(AssetXmlWriter& writer, const std::u16string& url) const
+{
+    writer.openList("brdfs", "plugin");
+    for (const BRDFPtr& layer : brdfs)
+        if (layer) writer.writeEntry(url + u"/" + layer->name);
+    writer.closeList();
+}
+
+// The asset of a layered material inside a wrapper or the scene set: its layers, then itself.
+void MaterialLayeredBRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
+{
+    url += u"/" + name;
+    writeLayerAssets(writer, url);
+    writer.openAsset(url, assetType(), "defnumat");
+    writer.openPlugin(pluginType(), assetType());
+    writer.openParameters();
+    writer.writeInt("double_sided", static_cast<int32_t>(double_sided));
+    writeLayerList(writer, url);
+    writer.closeParameters();
+    writer.closePlugin();
+    writer.closeAsset();
+}
+
+}  // namespace TalvexCore

@@ -1,0 +1,46 @@
+// MaterialLayeredBRDF: the material that shades, an ordered list of BRDF layers.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "materials/base_brdf.h"
+#include "materials/base_material.h"
+
+namespace TalvexCore {
+
+class MaterialLayeredBRDF : public BaseMaterial {
+public:
+    std::vector<BRDFPtr> brdfs;  // the layers, in the order the XML keeps
+    uint32_t double_sided = 1;
+    uint32_t layered_aux_1 = 0;
+    uint32_t layered_aux_2 = 1;
+    uint32_t layered_aux_3 = 1;
+    uint32_t layered_aux_4 = 0;
+
+    MaterialLayeredBRDF() = default;
+
+    bool writeBinary(QuickArchive& out) const override;
+    bool readBinary(QuickArchive& in) override;
+    uint32_t typeId() const override { return 1; }
+    void resetDefaults() override;
+    // Every layer is cloned too; the copy gets a unique name and no uuid.
+    MaterialPtr clone() const override;
+    MaterialPtr cloneSameName() const override;
+    bool isEqual(const MaterialPtr& other) const override;
+
+    // The layers' assets, then this material's own under `url` + "/" + name.
+    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
+    std::u16string pluginType() const override { return u"MtlTALVEX"; }
+
+    // Each layer's asset under `url`, in order.
+    void writeLayerAssets(AssetXmlWriter& writer, const std::u16string& url) const;
+    // The list "brdfs": one entry per layer, `url` + "/" + the layer's name.
+    void writeLayerList(AssetXmlWriter& writer, const std::u16string& url) const;
+
+private:
+    std::shared_ptr<MaterialLayeredBRDF> copyWithClonedLayers() const;
+};
+
+}  // namespace TalvexCore
