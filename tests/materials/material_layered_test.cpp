@@ -56,20 +56,9 @@ protected:
     void TearDown() override { sceneMaterials()->clear(); }
 };
 
-TEST_F(MaterialLayered, DefaultsAndAFreeName)
+TEST_F(MaterialLayered, NewMaterialTakesAFreeName)
 {
-    MaterialLayeredBRDF material;
-    EXPECT_EQ(material.name, u"DefaultMaterial");
-    EXPECT_EQ(material.uuid, u"");
-    EXPECT_TRUE(material.brdfs.empty());
-    EXPECT_EQ(material.double_sided, 1u);
-    EXPECT_EQ(material.layered_aux_1, 0u);
-    EXPECT_EQ(material.layered_aux_2, 1u);
-    EXPECT_EQ(material.layered_aux_3, 1u);
-    EXPECT_EQ(material.layered_aux_4, 0u);
-    EXPECT_EQ(material.pluginType(), u"MtlTALVEX");
-    EXPECT_EQ(material.assetType(), u"material");
-
+    EXPECT_EQ(MaterialLayeredBRDF().name, u"DefaultMaterial");
     sceneMaterials()->addMaterial(std::make_shared<MaterialLayeredBRDF>());
     EXPECT_EQ(MaterialLayeredBRDF().name, u"DefaultMaterial1");
 }

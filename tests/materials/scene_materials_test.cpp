@@ -15,36 +15,19 @@
 namespace TalvexCore {
 namespace {
 
-// The smallest material: a name and an identifier.
-class PlainMaterial : public BaseMaterial {
-public:
-    explicit PlainMaterial(std::u16string materialName, std::u16string id = {})
-    {
-        name = std::move(materialName);
-        uuid = std::move(id);
-    }
-    bool writeBinary(QuickArchive& out) const override { return writeBaseRecord(out); }
-    bool readBinary(QuickArchive& in) override { return readBaseRecord(in); }
-    uint32_t typeId() const override { return 1; }
-    void resetDefaults() override { resetBaseDefaults(); }
-    MaterialPtr clone() const override
-    {
-        auto copy = std::make_shared<PlainMaterial>(*this);
-        copy->name = sceneMaterials()->uniqueName(name);
-        return copy;
-    }
-    MaterialPtr cloneSameName() const override { return std::make_shared<PlainMaterial>(*this); }
-    bool isEqual(const MaterialPtr& other) const override { return other && other->typeId() == typeId(); }
-};
-
 MaterialPtr plain(std::u16string name, std::u16string id = {})
 {
-    return std::make_shared<PlainMaterial>(std::move(name), std::move(id));
+    auto material = std::make_shared<MaterialLayeredBRDF>();
+    material->name = std::move(name);
+    material->uuid = std::move(id);
+    return material;
 }
 
 class SceneMaterialsTest : public ::testing::Test {
 protected:
-    void SetUp() override { scene.clear(); }
+    // Clones and new materials take their names from the process-wide set.
+    void SetUp() override { sceneMaterials()->clear(); }
+    void TearDown() override { sceneMaterials()->clear(); }
     SceneMaterials scene;
 };
 
@@ -280,7 +263,6 @@ TEST_F(SceneMaterialsTest, Version1MakesTheIdentifiers)
 TEST_F(SceneMaterialsTest, DefaultMaterialIsACloneOfTheHiddenTemplate)
 {
     SceneMaterials& shared = *sceneMaterials();
-    shared.clear();
     EXPECT_EQ(shared.getDefaultMaterial(), nullptr);
     ASSERT_TRUE(shared.addDefaultMaterial());
     const auto material = std::dynamic_pointer_cast<MaterialLayeredBRDF>(shared.getDefaultMaterial());
@@ -291,7 +273,6 @@ TEST_F(SceneMaterialsTest, DefaultMaterialIsACloneOfTheHiddenTemplate)
     EXPECT_EQ(material->brdfs[0]->name, u"Diffuse");
     EXPECT_TRUE(material->brdfs[0]->isEqual(std::make_shared<Diffuse_BRDF>()));
     EXPECT_FALSE(shared.addDefaultMaterial());
-    shared.clear();
 }
 
 TEST_F(SceneMaterialsTest, WriteXmlGivesEachMaterialInNameOrder)
