@@ -107,33 +107,18 @@ public:
     {
         head("color", name);
         line(6, "<value>");
-        line(7, "<r>" + r + "</r>");
-        line(7, "<g>" + g + "</g>");
-        line(7, "<b>" + b + "</b>");
+        line(7, "<r>" + r + "</r>"), line(7, "<g>" + g + "</g>"), line(7, "<b>" + b + "</b>");
         line(6, "</value>");
         return end();
     }
-    ExpectedAsset& value(const std::string& type, const std::string& name, const std::string& value)
-    {
-        head(type, name);
-        line(6, "<value>" + value + "</value>");
-        return end();
-    }
-    ExpectedAsset& number(const std::string& name, const std::string& v) { return value("float", name, v); }
-    ExpectedAsset& integer(const std::string& name, const std::string& v) { return value("integer", name, v); }
-    ExpectedAsset& flag(const std::string& name, bool v) { return value("bool", name, v ? "1" : "0"); }
-    ExpectedAsset& plugin(const std::string& name, const std::string& v)
-    {
-        if (!v.empty()) return value("plugin", name, v);
-        head("plugin", name);
-        return end();
-    }
+    ExpectedAsset& number(const std::string& name, const std::string& v) { return inlined("float", name, v); }
+    ExpectedAsset& integer(const std::string& name, const std::string& v) { return inlined("integer", name, v); }
+    ExpectedAsset& flag(const std::string& name, bool v) { return inlined("bool", name, v ? "1" : "0"); }
+    // An empty value stands for an empty reference: the parameter has no value element.
+    ExpectedAsset& plugin(const std::string& name, const std::string& v) { return inlined("plugin", name, v); }
     std::string text()
     {
-        line(4, "</parameters>");
-        line(3, "</nuvaplugin>");
-        line(2, "</plugin>");
-        line(1, "</Asset>");
+        line(4, "</parameters>"), line(3, "</nuvaplugin>"), line(2, "</plugin>"), line(1, "</Asset>");
         return out;
     }
 
@@ -141,8 +126,14 @@ private:
     void line(int depth, const std::string& text) { out += std::string(2 * depth, ' ') + text + "\n"; }
     void head(const std::string& type, const std::string& name)
     {
-        line(5, "<parameter type=\"" + type + "\" name=\"" + name +
-                    "\" handler=\"default\" listType=\"none\" label=\"" + name + "\">");
+        line(5, "<parameter type=\"" + type + "\" name=\"" + name + "\" handler=\"default\" listType=\"none\" label=\"" +
+                    name + "\">");
+    }
+    ExpectedAsset& inlined(const std::string& type, const std::string& name, const std::string& value)
+    {
+        head(type, name);
+        if (!value.empty()) line(6, "<value>" + value + "</value>");
+        return end();
     }
     ExpectedAsset& end()
     {
