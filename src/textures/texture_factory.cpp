@@ -39,7 +39,7 @@ TexturePtr createTexture(uint32_t id)
     case 9: return std::make_shared<InvertTexture>();
     case 10: return std::make_shared<BlendTexture>();
     case 11: return std::make_shared<RampTexture>();
-    default: return nullptr;  // the sky (12) is not built yet
+    default: return nullptr;  // 12, the sky, has no class in this build
     }
 }
 

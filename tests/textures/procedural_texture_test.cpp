@@ -268,17 +268,6 @@ TEST(ProceduralTextures, SuffixAndParameterNameAreSeparate)
               std::string::npos);
 }
 
-TEST(ProceduralTextures, MultipliersAreStoredButNotWritten)
-{
-    GridTexture grid;
-    BlendTexture blend;
-    CheckerTexture checker;
-    const std::string xml = TalvexTest::xmlOf(grid) + TalvexTest::xmlOf(blend) + TalvexTest::xmlOf(checker);
-    for (const char* name : {"lineMultiplier", "fillMultiplier", "color_a_mult", "color_b_mult", "whiteMultiplier",
-                             "blackMultiplier"})
-        EXPECT_EQ(xml.find(name), std::string::npos) << name;
-}
-
 TEST(ProceduralTextures, NestedChildrenStandDeepestFirst)
 {
     auto inner = std::make_shared<InvertTexture>();

@@ -72,17 +72,6 @@ TEST(TextureFactory, FilePathBecomesBitmapWithChannelGenerator)
     EXPECT_TRUE(texture->tile);
 }
 
-TEST(TextureFactory, NameTables)
-{
-    EXPECT_EQ(textureTypeName(0), u"Bitmap");
-    EXPECT_EQ(textureTypeName(5), u"AColor");
-    EXPECT_EQ(textureTypeName(12), u"Sky");
-    EXPECT_EQ(bitmapFilterNames[1], u"Mip-map");
-    EXPECT_EQ(bitmapFilterNames[2], u"Summed-area");
-    EXPECT_EQ(mappingTypeNames[2], u"spherical");
-    EXPECT_EQ(mappingTypeNames[3], u"mirror_ball");
-}
-
 TEST(TextureClone, SharesNothingWithItsSource)
 {
     auto invert = std::make_shared<InvertTexture>();
