@@ -16,7 +16,8 @@ namespace {
 
 PyObject* moduleError = nullptr;
 
-// The argument is a str; its text becomes a wide string of 16-bit code units.
+// The argument is a str; its text, up to its first zero character, becomes a wide string of
+// 16-bit code units.
 bool parsePathArgument(PyObject* args, std::u16string& path)
 {
     PyObject* text = nullptr;
@@ -27,6 +28,8 @@ bool parsePathArgument(PyObject* args, std::u16string& path)
     const Py_ssize_t size = PyBytes_GET_SIZE(bytes);
     path.assign(reinterpret_cast<const char16_t*>(data), static_cast<std::size_t>(size) / 2);
     Py_DECREF(bytes);
+    // The path ends at its first zero character, for the extension test as for the file.
+    if (const auto zero = path.find(u'\0'); zero != std::u16string::npos) path.resize(zero);
     return true;
 }
 

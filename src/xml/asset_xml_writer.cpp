@@ -16,14 +16,21 @@ void appendAscii(std::u16string& out, std::string_view text)
     out.append(text.begin(), text.end());
 }
 
-// Replaces every `from` by `to`, going on behind each replacement.
+// Replaces every `from` by `to`, going on behind each replacement; one pass, however many there are.
 void replaceAll(std::u16string& text, std::u16string_view from, std::u16string_view to)
 {
-    std::size_t pos = 0;
-    while ((pos = text.find(from, pos)) != std::u16string::npos) {
-        text.replace(pos, from.size(), to);
-        pos += to.size();
+    std::size_t pos = text.find(from);
+    if (pos == std::u16string::npos) return;
+    std::u16string result;
+    result.reserve(text.size());
+    std::size_t done = 0;
+    for (; pos != std::u16string::npos; pos = text.find(from, done)) {
+        result.append(text, done, pos - done);
+        result.append(to);
+        done = pos + from.size();
     }
+    result.append(text, done);
+    text = std::move(result);
 }
 
 bool needsEscaping(std::u16string_view text)

@@ -54,6 +54,12 @@ class ModuleTest(unittest.TestCase):
                         command(self.path(name, b"<x/>"))
                     self.assertNotIsInstance(caught.exception, Cindrel.error)
 
+    def test_path_ends_at_its_first_zero_character(self):
+        full = self.path("cut.talmat", b"<cut/>")
+        self.assertEqual(Cindrel.getTalmatXml(full + "\0.talopt"), "<cut/>")
+        with self.assertRaises(SystemError):
+            Cindrel.getTaloptXml(full + "\0.talopt")
+
     def test_arguments_must_be_one_str(self):
         for args in [(b"a.talmat",), (None,), (3,), (), ("a.talmat", "b.talmat")]:
             for command in (Cindrel.getTalmatXml, Cindrel.getTaloptXml):

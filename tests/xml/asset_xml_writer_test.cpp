@@ -304,6 +304,10 @@ TEST(AssetXmlWriter, EscapeOrder)
     };
     for (const Case& c : escapes) EXPECT_EQ(AssetXmlWriter::escapeXml(c.text, true), c.escaped);
     EXPECT_EQ(AssetXmlWriter::escapeXml(u"a&amp;b", false), u"a&amp;amp;b");
+    // A damaged name full of ampersands is escaped in one pass, not one copy per character.
+    const std::u16string many(1 << 20, u'&');
+    EXPECT_EQ(AssetXmlWriter::escapeXml(many, true).size(), 5u << 20);
+    EXPECT_EQ(AssetXmlWriter::unescapeXml(AssetXmlWriter::escapeXml(many, true)), many);
 
     const Case unescapes[] = {
         {u"&amp;lt;", u"&lt;"},
