@@ -187,23 +187,8 @@ std::string QuickArchive::readStoredBytes(uint64_t n)
     return bytes;
 }
 
-void QuickArchive::readString(std::string& s)
+void QuickArchive::readStringStepwise(std::string& s, uint64_t n)
 {
-    uint64_t n = 0;
-    readCount(n);
-    if (n == 0) {
-        s.clear();
-        return;
-    }
-    const uint64_t index = blockIndex(readCursor);
-    const uint64_t offset = blockOffset(readCursor);
-    if (index < blocks.size() && offset + n <= BlockSize) {
-        const char* text = reinterpret_cast<const char*>(blocks[index]->data() + offset);
-        const void* zero = std::memchr(text, 0, n);
-        s.assign(text, zero ? static_cast<const char*>(zero) - text : static_cast<std::ptrdiff_t>(n));
-        readCursor += n;
-        return;
-    }
     std::string bytes = readStoredBytes(n);
     bytes.resize(std::strlen(bytes.c_str()));  // the text ends at its first zero byte
     s = std::move(bytes);

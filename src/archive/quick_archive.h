@@ -90,7 +90,23 @@ public:
         readVector(t.offset);
     }
     void readTransformD(TransformD& t);
-    void readString(std::string& s);
+    // The length is trusted only as far as the data goes: the cursor moves by it, and only the
+    // bytes that exist are copied, up to the first zero.
+    void readString(std::string& s)
+    {
+        uint64_t n = 0;
+        readCount(n);
+        const uint64_t index = readCursor >> 12;
+        const uint64_t offset = readCursor & (BlockSize - 1);
+        if (index < blocks.size() && offset + n <= BlockSize) {
+            const char* text = reinterpret_cast<const char*>(blocks[index]->data() + offset);
+            const void* zero = __builtin_memchr(text, 0, n);
+            s.assign(text, zero ? static_cast<std::size_t>(static_cast<const char*>(zero) - text) : n);
+            readCursor += n;
+            return;
+        }
+        readStringStepwise(s, n);
+    }
     void readWString(std::u16string& s);
     void readRaw(void* data, std::size_t n);
     // Reads a length and up to `capacity` bytes; returns the stored length (see the buffer word).
@@ -163,6 +179,7 @@ private:
     void writeBytesStepwise(const uint8_t* data, std::size_t n);
     // Stored bytes from the read cursor, up to n, copied out; the cursor moves by n.
     std::string readStoredBytes(uint64_t n);
+    void readStringStepwise(std::string& s, uint64_t n);
 
     void readFloats(float* dest, std::size_t count)
     {
