@@ -196,26 +196,21 @@ TEST(TransformComponents, WrongTagLeavesTheDefaults)
     }
 }
 
+// Each of the twelve words of the record takes part in equality; a denormal differs from 0 too.
 TEST(TransformComponents, EqualityComparesEveryField)
 {
-    float TransformComponents::*floats[] = {
-        &TransformComponents::x_rotation, &TransformComponents::y_rotation, &TransformComponents::z_rotation,
-        &TransformComponents::x_scale,    &TransformComponents::y_scale,    &TransformComponents::z_scale,
-        &TransformComponents::x_offset,   &TransformComponents::y_offset,   &TransformComponents::z_offset};
-    int32_t TransformComponents::*mirrors[] = {&TransformComponents::x_mirror, &TransformComponents::y_mirror,
-                                               &TransformComponents::z_mirror};
-    const TransformComponents base;
-    EXPECT_TRUE(base == TransformComponents());
-    for (auto field : floats) {
-        TransformComponents other;
-        other.*field += 0.001f;
-        EXPECT_FALSE(base == other);
-    }
-    for (auto field : mirrors) {
-        TransformComponents other;
-        other.*field = 1;
-        EXPECT_FALSE(base == other);
-    }
+    auto loadWithWordSet = [](int word) {
+        ByteBuilder b;
+        b.tag(1);
+        for (int i = 0; i < 12; ++i) b.u32(i == word ? 1 : 0);
+        TransformComponents c;
+        QuickArchive in = b.archive();
+        EXPECT_TRUE(c.readBinary(in));
+        return c;
+    };
+    const TransformComponents zeros = loadWithWordSet(-1);
+    EXPECT_TRUE(zeros == loadWithWordSet(-1));
+    for (int word = 0; word < 12; ++word) EXPECT_FALSE(zeros == loadWithWordSet(word)) << word;
 }
 
 // The matrix is Rx·Dx·Ry·Dy·Rz·Dz, rotation and scale interleaved, not rotation times scale.

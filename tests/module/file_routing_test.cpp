@@ -102,19 +102,6 @@ TEST_F(PlainTextPath, UnreadablePathsGiveEmptyText)
     }
     std::u16string text = u"kept";
     EXPECT_EQ(writeMaterialFileXml((dir / "missing.talmat").u16string(), text, {}), ConversionOutcome::Unreadable);
-    EXPECT_EQ(text, u"kept");
-}
-
-TEST_F(PlainTextPath, OutcomeAndSink)
-{
-    const std::u16string path = file("text.talmat", "<talmat/>");
-    std::u16string text = u">";
-    std::u16string taken;
-    const auto sink = [&](std::u16string& piece) {
-        taken += piece;
-        piece.clear();
-    };
-    EXPECT_EQ(writeMaterialFileXml(path, text, sink), ConversionOutcome::PlainText);
-    EXPECT_EQ(taken + text, u"><talmat/>");
-    EXPECT_EQ(writeOptionsFileXml(path, text, {}), ConversionOutcome::PlainText);
+    EXPECT_EQ(writeOptionsFileXml(file("text.talopt", "<t/>"), text, {}), ConversionOutcome::PlainText);
+    EXPECT_EQ(text, u"kept<t/>");
 }

@@ -74,7 +74,7 @@ class ModuleTest(unittest.TestCase):
             ("xml with its line ends", b'<talmat>\r\n  <Assets/>\n</talmat>\r\n', '<talmat>\r\n  <Assets/>\n</talmat>\r\n'),
             ("byte order mark", b"\xef\xbb\xbf<a/>", "\ufeff<a/>"),
             ("zero byte", b"<a>\x00</a>", "<a>"),
-            ("windows-1252", b"<a>caf\xe9 \x80 \x93q\x94</a>", "<a>caf\u00e9 \u20ac \u201cq\u201d</a>"),
+            ("windows-1252", b"<a>caf\xe9 \x80</a>", "<a>caf\u00e9 \u20ac</a>"),
             ("utf-8 outside the basic plane", "<a>\U0001F600</a>".encode(), "<a>\U0001F600</a>"),
             ("header without a readable material", struct.pack("<III", 0x30000, 1, 1), ""),
         ]

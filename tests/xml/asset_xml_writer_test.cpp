@@ -7,7 +7,6 @@
 #include "materials/base_material.h"
 #include "materials/transform_components.h"
 #include "textures/base_texture.h"
-#include "textures/base_uvw.h"
 #include "xml/asset_xml_writer.h"
 
 using namespace TalvexCore;
@@ -25,19 +24,6 @@ public:
     uint32_t typeId() const override { return 99; }
     TexturePtr clone() const override { return std::make_shared<ProbeTexture>(); }
     bool isEqual(const TexturePtr&) const override { return false; }
-};
-
-class ProbeUVW : public BaseUVW {
-public:
-    bool writeBinary(QuickArchive&) const override { return true; }
-    bool readBinary(QuickArchive&) override { return true; }
-    void writeXml(AssetXmlWriter&, std::u16string) const override {}
-    std::u16string pluginType() const override { return u"UVWGenProbe"; }
-    void resetDefaults() override {}
-    uint32_t typeId() const override { return 99; }
-    void updateTransforms() override {}
-    UVWPtr clone() const override { return std::make_shared<ProbeUVW>(); }
-    bool isEqual(const UVWPtr&) const override { return false; }
 };
 
 class ProbeMaterial : public BaseMaterial {
@@ -271,16 +257,12 @@ TEST(AssetXmlWriter, PluginReferences)
         "</parameter>\n";
     EXPECT_EQ(textOf([](AssetXmlWriter& w) { w.writePlugin("tex", TexturePtr(), u"/m/tex"); }), emptyText);
     EXPECT_EQ(textOf([](AssetXmlWriter& w) { w.writePlugin("tex", MaterialPtr(), u"/m/tex"); }), emptyText);
-    EXPECT_EQ(textOf([](AssetXmlWriter& w) { w.writePlugin("tex", UVWPtr(), u"/m/tex"); }), emptyText);
 
     EXPECT_EQ(textOf([](AssetXmlWriter& w) {
                   w.writePlugin("tex", TexturePtr(std::make_shared<ProbeTexture>()), u"/a&b/tex", "Texture");
               }),
               "<parameter type=\"plugin\" name=\"tex\" handler=\"default\" listType=\"none\" label=\"Texture\">\n"
               "  <value>/a&amp;b/tex/TexProbe<1></value>\n</parameter>\n");
-    EXPECT_EQ(textOf([](AssetXmlWriter& w) { w.writePlugin("uvw", UVWPtr(std::make_shared<ProbeUVW>()), "/m/uvw"); }),
-              "<parameter type=\"plugin\" name=\"uvw\" handler=\"default\" listType=\"none\" label=\"uvw\">\n"
-              "  <value>/m/uvw/UVWGenProbe</value>\n</parameter>\n");
     auto material = std::make_shared<ProbeMaterial>();
     material->name = u"Oak & <Ash>";
     EXPECT_EQ(textOf([&](AssetXmlWriter& w) { w.writePlugin("base", MaterialPtr(material), u"/outer/base"); }),
