@@ -166,7 +166,11 @@ void QuickArchive::readRect(Rect& r)
 {
     int32_t v[4];
     readBytesZeroed(reinterpret_cast<uint8_t*>(v), sizeof v);
-    r = {v[0], v[1], v[2], v[3], v[2] - v[0], v[3] - v[1], 0, 0};
+    // The size wraps as two's complement does when the edges lie far apart.
+    const auto span = [](int32_t from, int32_t to) {
+        return static_cast<int32_t>(static_cast<uint32_t>(to) - static_cast<uint32_t>(from));
+    };
+    r = {v[0], v[1], v[2], v[3], span(v[0], v[2]), span(v[1], v[3]), 0, 0};
 }
 
 void QuickArchive::readTransformD(TransformD& t)
