@@ -1,14 +1,66 @@
-// Helpers of the texture tests: an object's XML text and its record written and read back.
+// Helpers of the texture tests: hand-built child records, sample objects, an object's XML text and
+// its record written and read back.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <initializer_list>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "archive/quick_archive.h"
+#include "materials/transform_components.h"
 #include "support/byte_builder.h"
+#include "textures/acolor_texture.h"
 #include "xml/asset_xml_writer.h"
 
 namespace TalvexTest {
+
+using Floats = std::vector<float>;
+using Ints = std::vector<int32_t>;
+
+inline std::shared_ptr<TalvexCore::AColorTexture> constant(float grey)
+{
+    return std::make_shared<TalvexCore::AColorTexture>(TalvexCore::AColor{grey, grey, grey, 1});
+}
+
+// Components with no field at its default.
+inline TalvexCore::TransformComponents sampleComponents()
+{
+    TalvexCore::TransformComponents c;
+    c.x_rotation = 10; c.y_rotation = 20; c.z_rotation = 30; c.x_scale = 2; c.y_scale = 3; c.z_scale = 0.5f;
+    c.x_offset = 0.25f; c.y_offset = -1; c.z_offset = 4; c.x_mirror = 1; c.y_mirror = 1; c.z_mirror = 1;
+    return c;
+}
+
+// A generator with the sample components (the channel generator's texture components differ from
+// them), its matrices recomputed from them.
+template <class T>
+std::shared_ptr<T> generator()
+{
+    auto uvw = std::make_shared<T>();
+    uvw->uvwComponents = sampleComponents();
+    if constexpr (requires { uvw->texComponents; }) uvw->texComponents.z_offset = 2;
+    uvw->updateTransforms();
+    return uvw;
+}
+
+// The bytes of a transform: `s` on the diagonal, `o` in all three offsets.
+inline ByteBuilder& transform(ByteBuilder& b, float s, float o)
+{
+    return b.floats({s, 0, 0, 0, s, 0, 0, 0, s, o, o, o});
+}
+
+// A component record at the defaults but for its x rotation and its z mirror.
+inline ByteBuilder& components(ByteBuilder& bytes, float xRotation)
+{
+    return bytes.tag(1).floats({xRotation, 0, 0, 1, 1, 1, 0, 0, 0}).i32(0).i32(0).i32(1);
+}
+
+// Required children: a planar world generator, a constant grey.
+inline ByteBuilder& planarChild(ByteBuilder& bytes) { return components(transform(bytes.u32(0).tag(1), 1, 0), 0); }
+inline ByteBuilder& constantChild(ByteBuilder& b, float grey) { return b.u32(5).tag(1).floats({grey, grey, grey, 1}); }
 
 // The XML an object writes under the url `url`, as UTF-8 for readable comparison.
 template <class T>
@@ -22,15 +74,26 @@ std::string xmlOf(const T& object, std::u16string url = {})
     return narrow;
 }
 
-// A new object of the same class that has read what `source` wrote; null if either step failed.
-template <class T>
-std::shared_ptr<T> writtenAndRead(const T& source)
+// What the first parameter labelled `label` holds between <value> and </value>, without blanks and
+// line ends; "no value" for a parameter without one, "missing" for no such parameter.
+inline std::string valueOf(const std::string& xml, const std::string& label)
 {
-    TalvexCore::QuickArchive archive(1);
-    if (!source.writeBinary(archive)) return nullptr;
-    auto copy = std::make_shared<T>();
-    if (!copy->readBinary(archive)) return nullptr;
-    return copy;
+    const auto at = xml.find("label=\"" + label + "\">");
+    if (at == std::string::npos) return "missing";
+    const auto open = xml.find("<value>", at);
+    if (open > xml.find("</parameter>", at)) return "no value";
+    std::string value = xml.substr(open + 7, xml.find("</value>", open) - open - 7);
+    std::erase_if(value, [](char c) { return c == ' ' || c == '\n'; });
+    return value;
+}
+
+// Whether assets of these urls all stand in the text, in this order.
+inline bool assetsInOrder(const std::string& xml, std::initializer_list<std::string> urls)
+{
+    std::size_t from = 0;
+    for (const auto& url : urls)
+        if ((from = xml.find("url=\"" + url + "\" ", from)) == std::string::npos) return false;
+    return true;
 }
 
 template <class T>
@@ -39,6 +102,15 @@ std::shared_ptr<T> readFrom(const ByteBuilder& bytes)
     auto archive = bytes.archive();
     auto object = std::make_shared<T>();
     return object->readBinary(archive) ? object : nullptr;
+}
+
+// How many bytes a write that must fail leaves in the archive.
+template <class T>
+std::size_t bytesLeftByFailedWrite(const T& object)
+{
+    TalvexCore::QuickArchive out(1);
+    EXPECT_FALSE(object.writeBinary(out));
+    return out.writePosition();
 }
 
 }  // namespace TalvexTest
