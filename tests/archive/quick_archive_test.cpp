@@ -77,6 +77,8 @@ TEST(QuickArchive, EveryWordRoundTripsInItsSize)
     // Reading derives width and height and clears the two spare words; only the edges are stored.
     EXPECT_EQ(trip(a, &A::writeRect, &A::readRect, Rect{-1, 2, 30, 40, 99, 99, 99, 99}, 16),
               (Rect{-1, 2, 30, 40, 31, 38, 0, 0}));
+    // Edges far apart: the size wraps as two's complement does.
+    EXPECT_EQ(trip(a, &A::writeRect, &A::readRect, Rect{-2000000000, 0, 2000000000, 0}, 16).width, -294967296);
     EXPECT_EQ(trip(a, &A::writeMatrix, &A::readMatrix, matrix, 36), matrix);
     EXPECT_EQ(trip(a, &A::writeTransform, &A::readTransform, Transform{matrix, {10, 11, 12}}, 48),
               (Transform{matrix, {10, 11, 12}}));
