@@ -1,12 +1,15 @@
-// The BRDF base: factory, base record versions, names, refused tags, equality without the name.
+// The BRDF layers as a family: factory, base record, refusals, the newest record of every class,
+// clones, equality, and the oddities of their XML.
 #include <gtest/gtest.h>
 
-#include "materials/brdf_test_support.h"
-#include "materials/diffuse_brdf.h"
-#include "materials/light_brdf.h"
+#include <algorithm>
+
+#include "materials/material_test_support.h"
 
 namespace TalvexTest {
 namespace {
+
+BRDFPtr createdFrom(uint32_t id) { return loadAs<Base_BRDF>(id, newestRecord(id)); }
 
 TEST(BRDFFactory, MakesTheLayerOfEachBitAndNothingElse)
 {
@@ -14,64 +17,90 @@ TEST(BRDFFactory, MakesTheLayerOfEachBitAndNothingElse)
         {1, u"BRDFRefraction"}, {2, u"BRDFDiffuse"},    {4, u"BRDFReflection"},
         {8, u"BRDFReflection"}, {16, u"BRDFReflection"}, {32, u"BRDFLight"}};
     for (const auto& [id, plugin] : layers) {
-        BRDFPtr layer = createBRDF(id);
-        ASSERT_TRUE(layer) << id;
-        EXPECT_EQ(layer->typeId(), id);
-        EXPECT_EQ(layer->pluginType(), plugin);
-        EXPECT_EQ(layer->name, plugin) << "the name defaults to the plug-in type";
-        EXPECT_TRUE(layer->layer_flag_1 && !layer->layer_flag_2 && !layer->layer_flag_3);
+        const BRDFPtr layer = createBRDF(id);
+        EXPECT_TRUE(layer && layer->typeId() == id && layer->pluginType() == plugin && layer->name == plugin) << id;
     }
     for (uint32_t id : {0u, 3u, 5u, 64u, 0xFFFFFFFFu}) EXPECT_FALSE(createBRDF(id)) << id;
 }
 
-// A version 3 diffuse record ends with the base record, so each base version can be read through it.
-ByteBuilder diffuseWithBase(const ByteBuilder& base)
+// The newest record of every class read from hand-made bytes writes those very bytes again. A clone
+// writes them too, equals the source, and shares none of its children. Every child and every value
+// word ahead of the first child take part in equality, the auxiliary values too. A first child of a
+// texture type that the factory does not know fails the load.
+TEST(BRDFRecord, NewestRecordOfEveryClassReadsWritesAndClones)
 {
-    ByteBuilder b;
-    b.tag(3).color(1, 1, 1).color(0, 0, 0).floats({1, 1}).boolean(false).boolean(false).append(base);
-    return b;
-}
-
-TEST(BRDFBaseRecord, EachVersionAddsOneFlag)
-{
-    // Every stored flag is the opposite of its default, so what a version lacks shows.
-    for (uint32_t version : {1u, 2u, 3u, 4u}) {
-        ByteBuilder base;
-        base.tag(version).str("Layer");
-        for (uint32_t flag = 1; flag < version; ++flag) base.boolean(flag != 1);
-        auto layer = loadAs<Diffuse_BRDF>(2, diffuseWithBase(base));
-        EXPECT_EQ(layer->name, u"Layer");
-        EXPECT_EQ(layer->layer_flag_1, version < 2) << version;
-        EXPECT_EQ(layer->layer_flag_2, version >= 3) << version;
-        EXPECT_EQ(layer->layer_flag_3, version >= 4) << version;
+    for (uint32_t id : {1u, 2u, 4u, 8u, 16u, 32u}) {
+        SCOPED_TRACE(id);
+        const ByteBuilder bytes = newestRecord(id);
+        const BRDFPtr layer = createdFrom(id);
+        EXPECT_EQ(bytesOf(*layer), bytes.bytes);
+        const BRDFPtr copy = layer->clone();
+        EXPECT_EQ(bytesOf(*copy), bytes.bytes);
+        EXPECT_TRUE(copy->isEqual(layer) && layer->isEqual(copy));
+        const auto mine = childrenOf(layer), theirs = childrenOf(copy);
+        for (std::size_t i = 0; i < mine.size(); ++i) {
+            ASSERT_TRUE(mine[i] && mine[i] != theirs[i]) << i;
+            std::static_pointer_cast<AColorTexture>(mine[i])->texture.r += 1;
+            EXPECT_FALSE(copy->isEqual(layer)) << "every child takes part in equality: " << i;
+            std::static_pointer_cast<AColorTexture>(mine[i])->texture.r -= 1;
+        }
+        const uint8_t firstChild[] = {1, 5, 0, 0, 0, 0, 0, 1, 0};
+        const auto at = std::search(bytes.bytes.begin(), bytes.bytes.end(), firstChild, firstChild + 9);
+        const auto first = static_cast<std::size_t>(at - bytes.bytes.begin());
+        ASSERT_LT(first, bytes.bytes.size());
+        for (std::size_t word = 4; word < first; word += 4) {
+            ByteBuilder changed = bytes;
+            changed.bytes[word] ^= 1;
+            EXPECT_FALSE(loadAs<Base_BRDF>(id, changed)->isEqual(layer)) << "word at " << word;
+        }
+        ByteBuilder unknown = bytes;
+        unknown.bytes[first + 1] = 13;
+        QuickArchive in = unknown.archive();
+        EXPECT_FALSE(createBRDF(id)->readBinary(in));
     }
 }
 
-TEST(BRDFBaseRecord, NameLosesControlCharacters)
+// The name and the layer flags take no part, the last flag of the diffuse record does; so does the
+// type id, and the twins of equal values differ.
+TEST(BRDFRecord, EqualityComparesValuesAndTheClass)
 {
-    ByteBuilder base;
-    base.tag(1).str("Red\n Lay\ter\x7f");
-    EXPECT_EQ(loadAs<Diffuse_BRDF>(2, diffuseWithBase(base))->name, u"Red Layer");
+    auto a = createBRDF(2), b = createBRDF(2);
+    b->name = u"Other", b->layer_flag_1 = false;
+    EXPECT_TRUE(a->isEqual(b));
+    std::static_pointer_cast<Diffuse_BRDF>(b)->use_color_tex_alpha_as_transparency = true;
+    EXPECT_FALSE(a->isEqual(b));
+    EXPECT_FALSE(a->isEqual(nullptr) || a->isEqual(createBRDF(32)) || createBRDF(8)->isEqual(createBRDF(4)));
+}
+
+// A version 3 diffuse record ends with the base record, so each base version can be read through
+// it. Every stored flag is the opposite of its default, so what a version lacks shows. Every
+// version strips the name of its control characters, and of nothing else.
+TEST(BRDFBaseRecord, EachVersionAddsOneFlagAndEveryVersionStripsTheName)
+{
+    for (uint32_t version : {1u, 2u, 3u, 4u}) {
+        SCOPED_TRACE(version);
+        ByteBuilder b;
+        b.tag(3).color(1, 1, 1).color(0, 0, 0).floats({1, 1}).boolean(false).boolean(false);
+        b.tag(version).str("\tRed\n Lay\x7f" "er\xc2\x85\x1f \xc3\xa9\xe2\x82\xac\r");  // U+0085 among the controls
+        for (uint32_t flag = 1; flag < version; ++flag) b.boolean(flag != 1);
+        auto layer = loadAs<Diffuse_BRDF>(2, b);
+        EXPECT_EQ(layer->name, u"Red Layer \u00e9\u20AC");
+        EXPECT_TRUE(layer->layer_flag_1 == (version < 2) && layer->layer_flag_2 == (version >= 3) &&
+                    layer->layer_flag_3 == (version >= 4));
+    }
 }
 
 // Behind a refused base record the diffuse layer still reads its last flag; the light layer stops.
 TEST(BRDFBaseRecord, RefusedBaseRecordFailsTheLoad)
 {
-    ByteBuilder diffuse;
-    diffuse.tag(4).color(1, 1, 1).color(0, 0, 0).floats({1, 1}).boolean(false).boolean(false).u32(0x50000);
-    diffuse.boolean(true);
     bool ok = true;
-    auto layer = std::dynamic_pointer_cast<Diffuse_BRDF>(load(2, diffuse, ok));
+    ByteBuilder diffuse = ByteBuilder().tag(4).color(1, 1, 1).color(0, 0, 0).floats({1, 1}).boolean(false);
+    diffuse.boolean(false).u32(0x50000).boolean(true);
+    EXPECT_TRUE(loaded<Diffuse_BRDF>(diffuse, ok)->use_color_tex_alpha_as_transparency);
     EXPECT_FALSE(ok);
-    EXPECT_TRUE(layer->use_color_tex_alpha_as_transparency);
-    EXPECT_EQ(layer->name, u"BRDFDiffuse");
-
-    ByteBuilder light;
-    light.tag(5).color(1, 1, 1).color(0, 0, 0).floats({1, 1, 1, 1}).boolean(false).boolean(false).u32(0x40001);
-    light.u32(0);
-    auto lamp = std::dynamic_pointer_cast<Light_BRDF>(load(32, light, ok));
+    ByteBuilder light = ByteBuilder().tag(5).color(1, 1, 1).color(0, 0, 0).floats({1, 1, 1, 1}).boolean(false);
+    EXPECT_EQ(loaded<Light_BRDF>(light.boolean(false).u32(0x40001).u32(0), ok)->doubleSided, 1u);
     EXPECT_FALSE(ok);
-    EXPECT_EQ(lamp->doubleSided, 1u);
 }
 
 // A refused tag leaves every class at its defaults, also a layer that held other values.
@@ -80,31 +109,37 @@ TEST(BRDFRecord, RefusedTagLeavesTheLayerAtItsDefaults)
     const std::pair<uint32_t, uint32_t> firstUnknownVersion[] = {{1, 7}, {2, 5}, {4, 7}, {8, 7}, {16, 6}, {32, 6}};
     for (const auto& [id, unknown] : firstUnknownVersion) {
         for (uint32_t tag : {0x40001u, 0u, unknown << 16}) {
+            SCOPED_TRACE(testing::Message() << id << " tag " << tag);
             BRDFPtr layer = createBRDF(id);
-            layer->name = u"Earlier";
-            layer->layer_flag_2 = true;
-            ByteBuilder b;
-            b.u32(tag).u32(0);
-            QuickArchive in = b.archive();
-            EXPECT_FALSE(layer->readBinary(in)) << id << " tag " << tag;
-            EXPECT_TRUE(layer->isEqual(createBRDF(id))) << id;
-            EXPECT_EQ(layer->name, layer->pluginType()) << id;
-            EXPECT_FALSE(layer->layer_flag_2) << id;
+            layer->name = u"Earlier", layer->layer_flag_2 = true;
+            QuickArchive in = ByteBuilder().u32(tag).u32(0).archive();
+            EXPECT_FALSE(layer->readBinary(in));
+            EXPECT_EQ(bytesOf(*layer), bytesOf(*createBRDF(id)));
             EXPECT_EQ(in.readPosition(), 4u) << "nothing is read beyond the tag";
         }
     }
 }
 
-TEST(BRDFRecord, NameAndFlagsTakeNoPartInEquality)
+// The XML of ordinary layers stands in the golden documents; these are its irregular lines.
+TEST(BRDFXml, IrregularUrlWordsFormsAndValues)
 {
-    Diffuse_BRDF a, b;
-    b.name = u"Other";
-    b.layer_flag_1 = false;
-    EXPECT_TRUE(a.isEqual(b.clone()));
-    b.color_tex_mult = 2;
-    EXPECT_FALSE(a.isEqual(b.clone()));
-    EXPECT_FALSE(a.isEqual(nullptr));
-    EXPECT_FALSE(a.isEqual(std::make_shared<Light_BRDF>()));
+    // The light's transparency child stands under the short "transp_texture"; doubleSided 7 is true.
+    const std::string light = xmlOf(*createdFrom(32), u"/M");
+    EXPECT_TRUE(has(light, "<value>/M/Glow/transp_texture/TexAColor</value>"));
+    EXPECT_TRUE(has(light, "label=\"doubleSided\">\n            <value>1</value>"));
+    // The refraction layer's glossiness child stands under "glossy_texture"; the auxiliary values never show.
+    const std::string glass = xmlOf(*createdFrom(1), u"/M");
+    EXPECT_TRUE(has(glass, "<value>/M/Ice/glossy_texture/TexAColor</value>"));
+    EXPECT_FALSE(has(glass, "7.25") || has(glass, "42"));
+    // The twins write one text; back_side is an integer, and the url words are in snake case.
+    const std::string glossy = xmlOf(*createdFrom(8), u"/M");
+    EXPECT_EQ(glossy, xmlOf(*createdFrom(4), u"/M"));
+    EXPECT_TRUE(has(glossy, "<parameter type=\"integer\" name=\"back_side\""));
+    EXPECT_TRUE(has(glossy, "<value>/M/Lacquer/hilight_glossiness_texture/TexAColor</value>"));
+    // The mirror's transparency is the complement of its filter colour, clamped at 0.
+    EXPECT_TRUE(has(xmlOf(*createdFrom(16), u""),
+                    "label=\"transparency\">\n            <value>\n              <r>0</r>\n"
+                    "              <g>0.75</g>\n              <b>0</b>\n"));
 }
 
 }  // namespace

@@ -1,257 +1,153 @@
-// The layered material: its record of every version, the old name rule, clones, equality, XML.
+// The two materials that hold layers: the layered material's records of every version, its old name
+// rule, clones, equality and own asset; the single-layer material's records, shared layer, no XML.
 #include <gtest/gtest.h>
 
-#include "archive/quick_archive.h"
-#include "archive/text_conversion.h"
-#include "materials/diffuse_brdf.h"
 #include "materials/material_layered_brdf.h"
-#include "materials/mirror_brdf.h"
-#include "materials/scene_materials.h"
-#include "support/byte_builder.h"
-#include "xml/asset_xml_writer.h"
+#include "materials/material_single_brdf.h"
+#include "materials/material_test_support.h"
 
 namespace TalvexTest {
 namespace {
 
-using namespace TalvexCore;
-
-// One layer as a list holds it: its type id, then the record a default diffuse layer writes.
-ByteBuilder defaultDiffuseLayer()
-{
-    QuickArchive out(1);
-    Diffuse_BRDF().writeBinary(out);
-    ByteBuilder b;
-    b.u32(2);
-    const auto bytes = writtenBytes(out);
-    return b.raw(bytes.data(), bytes.size());
-}
-
-std::shared_ptr<MaterialLayeredBRDF> load(const ByteBuilder& bytes, bool& ok)
-{
-    auto material = std::make_shared<MaterialLayeredBRDF>();
-    QuickArchive in = bytes.archive();
-    ok = material->readBinary(in);
-    return material;
-}
-
 std::shared_ptr<MaterialLayeredBRDF> twoLayers()
 {
     auto material = std::make_shared<MaterialLayeredBRDF>();
-    material->name = u"Lacquer";
-    material->uuid = u"0c3e-uuid";
-    auto base = std::make_shared<Diffuse_BRDF>();
-    base->color = {0.8f, 0.2f, 0.1f};
-    material->brdfs = {base, std::make_shared<Mirror_BRDF>()};
-    material->double_sided = 0;
-    material->layered_aux_1 = 7;
-    material->layered_aux_2 = 8;
-    material->layered_aux_3 = 9;
-    material->layered_aux_4 = 10;
+    material->name = u"Lacquer", material->uuid = u"0c3e-uuid";
+    material->brdfs = {createBRDF(2), createBRDF(16)};
+    material->double_sided = 0, material->layered_aux_1 = 7, material->layered_aux_2 = 8;
+    material->layered_aux_3 = 9, material->layered_aux_4 = 10;
     return material;
 }
 
-class MaterialLayered : public ::testing::Test {
-protected:
-    void SetUp() override { sceneMaterials()->clear(); }
-    void TearDown() override { sceneMaterials()->clear(); }
-};
+using MaterialLayered = SceneCleared;
+using MaterialSingle = SceneCleared;
 
-TEST_F(MaterialLayered, NewMaterialTakesAFreeName)
-{
-    EXPECT_EQ(MaterialLayeredBRDF().name, u"DefaultMaterial");
-    sceneMaterials()->addMaterial(std::make_shared<MaterialLayeredBRDF>());
-    EXPECT_EQ(MaterialLayeredBRDF().name, u"DefaultMaterial1");
-}
-
+// The newest record keeps a stored name even when the scene uses it.
 TEST_F(MaterialLayered, NewestRecordSurvivesWriteAndRead)
 {
     const auto source = twoLayers();
-    QuickArchive out(1);
-    ASSERT_TRUE(source->writeBinary(out));
-    const auto bytes = writtenBytes(out);
-    ASSERT_GE(bytes.size(), 8u);
-    EXPECT_EQ(bytes[2], 4);  // tag 0x40000
-    EXPECT_EQ(bytes[4], 2);  // two layers
-
-    // The stored name is in use in the scene and is kept all the same.
     sceneMaterials()->addMaterial(twoLayers());
-    MaterialLayeredBRDF back;
-    ASSERT_TRUE(back.readBinary(out));
-    EXPECT_TRUE(back.isEqual(source));
-    EXPECT_TRUE(source->isEqual(std::make_shared<MaterialLayeredBRDF>(back)));
-    EXPECT_EQ(back.name, u"Lacquer");
-    EXPECT_EQ(back.uuid, u"0c3e-uuid");
-    EXPECT_EQ(back.layered_aux_4, 10u);
-    ASSERT_EQ(back.brdfs.size(), 2u);
-    EXPECT_EQ(back.brdfs[1]->typeId(), 16u);
+    const auto bytes = bytesOf(*source);
+    bool ok = false;
+    const auto back = loaded<MaterialLayeredBRDF>(ByteBuilder().raw(bytes.data(), bytes.size()), ok);
+    EXPECT_TRUE(ok && back->isEqual(source) && back->name == u"Lacquer");
+    EXPECT_EQ(bytesOf(*back), bytes);
 }
 
-TEST_F(MaterialLayered, Version1NameIsMadeUniqueAndNotStripped)
+// Version 1 holds a bare name, made unique and not stripped; later versions keep and strip theirs.
+TEST_F(MaterialLayered, OlderVersions)
 {
+    EXPECT_EQ(MaterialLayeredBRDF().name, u"DefaultMaterial");
     sceneMaterials()->addMaterial(twoLayers());
-    ByteBuilder b;
-    b.tag(1).u32(1).append(defaultDiffuseLayer()).u32(0).u32(5).str("Lacquer");
     bool ok = false;
-    auto material = load(b, ok);
-    ASSERT_TRUE(ok);
+    const auto load = [&ok](const ByteBuilder& bytes) { return loaded<MaterialLayeredBRDF>(bytes, ok); };
+    auto material = load(ByteBuilder().tag(1).u32(1).append(layerEntry(2)).u32(0).u32(5).str("Lacquer"));
+    EXPECT_TRUE(ok && material->brdfs.size() == 1 && material->layered_aux_1 == 5);
     EXPECT_EQ(material->name, u"Lacquer1");
-    EXPECT_EQ(material->brdfs.size(), 1u);
-    EXPECT_EQ(material->double_sided, 0u);
-    EXPECT_EQ(material->layered_aux_1, 5u);
-    EXPECT_EQ(material->layered_aux_2, 1u) << "version 1 lacks it";
-    EXPECT_EQ(material->layered_aux_3, 1u);
+    EXPECT_EQ(load(ByteBuilder().tag(1).u32(0).u32(1).u32(0).str("A\tB"))->name, u"A\tB");
+    EXPECT_EQ(load(ByteBuilder().tag(1).u32(0).u32(1).u32(0).str(""))->name, u"DefaultMaterial");
 
-    ByteBuilder tab;
-    tab.tag(1).u32(0).u32(1).u32(0).str("A\tB");
-    EXPECT_EQ(load(tab, ok)->name, u"A\tB");
-    ByteBuilder empty;
-    empty.tag(1).u32(0).u32(1).u32(0).str("");
-    EXPECT_EQ(load(empty, ok)->name, u"DefaultMaterial");
-}
+    material = load(ByteBuilder().tag(2).u32(0).u32(0).u32(3).tag(2).str("Lacquer\n").str("id-2"));
+    EXPECT_TRUE(ok && material->layered_aux_1 == 3 && material->layered_aux_2 == 1) << "version 2 lacks the second";
+    EXPECT_TRUE(material->name == u"Lacquer" && material->uuid == u"id-2");
 
-TEST_F(MaterialLayered, Versions2And3ReadTheBaseRecordAndKeepTheName)
-{
-    sceneMaterials()->addMaterial(twoLayers());
-    ByteBuilder v2;
-    v2.tag(2).u32(0).u32(0).u32(3).tag(2).str("Lacquer\n").str("id-2");
-    bool ok = false;
-    auto material = load(v2, ok);
-    ASSERT_TRUE(ok);
-    EXPECT_EQ(material->name, u"Lacquer");
-    EXPECT_EQ(material->uuid, u"id-2");
-    EXPECT_EQ(material->layered_aux_1, 3u);
-    EXPECT_EQ(material->layered_aux_2, 1u);
-
-    ByteBuilder v3;
-    v3.tag(3).u32(0).u32(1).u32(3).u32(4).u32(5).tag(1).str("").u32(77);
-    material = load(v3, ok);
-    ASSERT_TRUE(ok);
-    EXPECT_EQ(material->layered_aux_2, 4u);
-    EXPECT_EQ(material->layered_aux_3, 5u);
-    EXPECT_EQ(material->layered_aux_4, 0u) << "version 3 lacks it";
+    material = load(ByteBuilder().tag(3).u32(0).u32(1).u32(3).u32(4).u32(5).tag(1).str("").u32(77));
+    EXPECT_TRUE(ok && material->layered_aux_3 == 5 && material->layered_aux_4 == 0) << "version 3 lacks the fourth";
     EXPECT_EQ(material->name, u"DefaultMaterial");
-    EXPECT_EQ(material->uuid, u"");
+
+    // Version 4 reads its last integer also behind a refused base record.
+    material = load(ByteBuilder().tag(4).u32(0).u32(1).u32(0).u32(1).u32(1).tag(3).u32(99));
+    EXPECT_TRUE(!ok && material->layered_aux_4 == 99);
 }
 
-TEST_F(MaterialLayered, Version4ReadsTheLastIntegerAfterAFailedBaseRecord)
-{
-    ByteBuilder b;
-    b.tag(4).u32(0).u32(1).u32(0).u32(1).u32(1).tag(3).u32(99);
-    bool ok = true;
-    auto material = load(b, ok);
-    EXPECT_FALSE(ok);
-    EXPECT_EQ(material->layered_aux_4, 99u);
-}
-
+// The reset comes before the tag's test; then a layer id between the bits, a count far beyond the
+// data and an unknown version end the load.
 TEST_F(MaterialLayered, RefusedRecordsEndTheLoad)
 {
     auto material = twoLayers();
-    ByteBuilder lowBits;
-    lowBits.u32(0x40001);
-    QuickArchive in = lowBits.archive();
+    QuickArchive in = ByteBuilder().u32(0x40001).archive();
     EXPECT_FALSE(material->readBinary(in));
-    EXPECT_TRUE(material->brdfs.empty()) << "the reset comes before the test";
-    EXPECT_EQ(material->double_sided, 1u);
-    EXPECT_EQ(material->uuid, u"");
-
-    bool ok = true;
-    ByteBuilder between;
-    between.tag(4).u32(1).u32(3).tag(1);
-    load(between, ok);
-    EXPECT_FALSE(ok) << "type id 3 lies between the layer bits";
-
-    ByteBuilder huge;
-    huge.tag(4).u32(0xFFFFFFFF).append(defaultDiffuseLayer());
-    load(huge, ok);
-    EXPECT_FALSE(ok);
-
-    ByteBuilder fifth;
-    fifth.tag(5);
-    load(fifth, ok);
-    EXPECT_FALSE(ok);
+    EXPECT_TRUE(material->brdfs.empty() && material->double_sided == 1 && material->uuid.empty());
+    for (const ByteBuilder& bytes : {ByteBuilder().tag(4).u32(1).u32(3).tag(1),
+                                     ByteBuilder().tag(4).u32(0xFFFFFFFF).append(layerEntry(2)),
+                                     ByteBuilder().tag(5)}) {
+        bool ok = true;
+        loaded<MaterialLayeredBRDF>(bytes, ok);
+        EXPECT_FALSE(ok);
+    }
 }
 
-TEST_F(MaterialLayered, ClonesCopyTheLayersAndDropTheUuid)
+// Clones copy every layer and drop the uuid; equality ignores name and uuid, and nothing else.
+TEST_F(MaterialLayered, ClonesAndEquality)
 {
     const auto source = twoLayers();
     sceneMaterials()->addMaterial(source);
+    const auto copy = std::static_pointer_cast<MaterialLayeredBRDF>(source->clone());
+    const auto same = std::static_pointer_cast<MaterialLayeredBRDF>(source->cloneSameName());
+    EXPECT_TRUE(copy->name == u"Lacquer1" && same->name == u"Lacquer");
+    for (const auto& clone : {copy, same}) {
+        EXPECT_TRUE(clone->uuid.empty() && clone->isEqual(source));
+        EXPECT_TRUE(clone->brdfs[0] != source->brdfs[0] && clone->brdfs[1] != source->brdfs[1]);
+    }
+    copy->layered_aux_3 = 0;
+    EXPECT_FALSE(copy->isEqual(source));
+    std::static_pointer_cast<Diffuse_BRDF>(same->brdfs[0])->color = {0, 0, 0};
+    EXPECT_FALSE(same->isEqual(source));
+    source->brdfs.pop_back();
+    EXPECT_FALSE(source->isEqual(twoLayers()) || source->isEqual(nullptr));
+}
 
-    const MaterialPtr copy = source->clone();
-    EXPECT_EQ(copy->name, u"Lacquer1");
-    EXPECT_EQ(copy->uuid, u"");
+// The own asset hangs under the prefix, and with no layer its list is empty. Layer names are not
+// made unique: two default diffuse layers carry one url.
+TEST_F(MaterialLayered, OwnAsset)
+{
+    MaterialLayeredBRDF material;
+    material.name = u"E & Co";
+    std::string xml = xmlOf(material, u"/Outer");
+    EXPECT_TRUE(has(xml, "type=\"material\" url=\"/Outer/E &amp; Co\" >"));
+    EXPECT_TRUE(has(xml, "<value>\n            <list>\n            </list>\n"));
+    material.brdfs = {createBRDF(2), createBRDF(2)};
+    xml = xmlOf(material, u"");
+    for (const std::string piece : {"url=\"/E &amp; Co/BRDFDiffuse\" >", "<entry>/E &amp; Co/BRDFDiffuse</entry>\n"})
+        EXPECT_TRUE(has(xml.substr(xml.find(piece) + 1), piece)) << piece;
+}
+
+// Version 1 holds a bare name ahead of the layer, and nothing resets the material before it reads.
+// A layer that fails is not stored; writing needs the layer. Clones share the layer, and the
+// material has no XML.
+TEST_F(MaterialSingle, RecordsClonesAndNoXml)
+{
+    auto source = std::make_shared<MaterialSingleBRDF>();
+    source->name = u"Matte", source->uuid = u"id-1", source->single_aux_1 = 3, source->single_aux_2 = 4;
+    source->brdf = createBRDF(32);
+    const auto bytes = bytesOf(*source);
+    bool ok = false;
+    auto back = loaded<MaterialSingleBRDF>(ByteBuilder().raw(bytes.data(), bytes.size()), ok);
+    EXPECT_TRUE(ok && back->isEqual(source) && back->name == u"Matte" && back->uuid == u"id-1");
+
+    sceneMaterials()->addMaterial(std::make_shared<MaterialSingleBRDF>());  // "DefaultMaterial"
+    QuickArchive v1 = ByteBuilder().tag(1).u32(6).u32(7).str("").append(layerEntry(2)).archive();
+    ASSERT_TRUE(back->readBinary(v1));
+    EXPECT_TRUE(back->name == u"DefaultMaterial1" && back->uuid == u"id-1" && back->single_aux_1 == 6);
+    for (const ByteBuilder& refused : {ByteBuilder().tag(3), ByteBuilder().tag(2).u32(0).u32(0).u32(64).tag(1)}) {
+        QuickArchive in = refused.archive();
+        EXPECT_FALSE(back->readBinary(in));
+    }
+    EXPECT_EQ(back->brdf->typeId(), 2u) << "the layer of version 1 stays";
+    back->brdf = nullptr;
+    QuickArchive out(1);
+    EXPECT_FALSE(back->writeBinary(out));
+
+    sceneMaterials()->addMaterial(source);
+    const auto copy = std::static_pointer_cast<MaterialSingleBRDF>(source->clone());
+    EXPECT_TRUE(copy->name == u"Matte1" && copy->uuid.empty() && copy->brdf == source->brdf);
+    EXPECT_EQ(std::static_pointer_cast<MaterialSingleBRDF>(source->cloneSameName())->brdf, source->brdf);
     EXPECT_TRUE(copy->isEqual(source));
-    const auto& layers = dynamic_cast<const MaterialLayeredBRDF&>(*copy).brdfs;
-    ASSERT_EQ(layers.size(), 2u);
-    EXPECT_NE(layers[0], source->brdfs[0]);
-    EXPECT_TRUE(layers[0]->isEqual(source->brdfs[0]));
-
-    const MaterialPtr same = source->cloneSameName();
-    EXPECT_EQ(same->name, u"Lacquer");
-    EXPECT_EQ(same->uuid, u"");
-    EXPECT_NE(dynamic_cast<const MaterialLayeredBRDF&>(*same).brdfs[1], source->brdfs[1]);
-}
-
-TEST_F(MaterialLayered, EqualityIgnoresNameAndUuidOnly)
-{
-    const auto a = twoLayers();
-    auto b = twoLayers();
-    b->name = u"Other";
-    b->uuid = u"other";
-    EXPECT_TRUE(a->isEqual(b));
-    b->layered_aux_3 = 0;
-    EXPECT_FALSE(a->isEqual(b));
-    b = twoLayers();
-    std::static_pointer_cast<Diffuse_BRDF>(b->brdfs[0])->color = {0, 0, 0};
-    EXPECT_FALSE(a->isEqual(b));
-    b->brdfs.pop_back();
-    EXPECT_FALSE(a->isEqual(b));
-    EXPECT_FALSE(a->isEqual(nullptr));
-}
-
-TEST_F(MaterialLayered, OwnAssetHangsUnderThePrefix)
-{
-    MaterialLayeredBRDF material;
-    material.name = u"Empty & Co";
-    std::u16string text;
-    AssetXmlWriter writer(text);
-    material.writeXml(writer, u"/Outer");
-    EXPECT_EQ(wideToNarrow(text),
-              "  <Asset layout=\"defnumat\" renderer=\"nuva\" type=\"material\" url=\"/Outer/Empty &amp; Co\" >\n"
-              "    <plugin>\n"
-              "      <nuvaplugin name=\"MtlTALVEX\" type=\"material\">\n"
-              "        <parameters>\n"
-              "          <parameter type=\"integer\" name=\"double_sided\" handler=\"default\" listType=\"none\" label=\"double_sided\">\n"
-              "            <value>1</value>\n"
-              "          </parameter>\n"
-              "          <parameter type=\"list\" name=\"brdfs\" handler=\"default\" listType=\"plugin\" label=\"brdfs\">\n"
-              "            <value>\n"
-              "            <list>\n"
-              "            </list>\n"
-              "            </value>\n"
-              "          </parameter>\n"
-              "        </parameters>\n"
-              "      </nuvaplugin>\n"
-              "    </plugin>\n"
-              "  </Asset>\n");
-}
-
-TEST_F(MaterialLayered, TwoDefaultDiffuseLayersShareAUrl)
-{
-    MaterialLayeredBRDF material;
-    material.name = u"Twice";
-    material.brdfs = {std::make_shared<Diffuse_BRDF>(), std::make_shared<Diffuse_BRDF>()};
-    std::u16string text;
-    AssetXmlWriter writer(text);
-    material.writeXml(writer, u"");
-    const std::string xml = wideToNarrow(text);
-    const std::string asset = "url=\"/Twice/BRDFDiffuse\" >";
-    const auto first = xml.find(asset);
-    ASSERT_NE(first, std::string::npos);
-    EXPECT_NE(xml.find(asset, first + 1), std::string::npos);
-    const std::string entry = "<entry>/Twice/BRDFDiffuse</entry>\n";
-    const auto firstEntry = xml.find(entry);
-    ASSERT_NE(firstEntry, std::string::npos);
-    EXPECT_NE(xml.find(entry, firstEntry + 1), std::string::npos);
+    copy->single_aux_2 = 1;
+    EXPECT_FALSE(copy->isEqual(source));
+    const auto bare = std::make_shared<MaterialSingleBRDF>();
+    EXPECT_TRUE(!bare->isEqual(source) && bare->isEqual(std::make_shared<MaterialSingleBRDF>()));
+    EXPECT_EQ(xmlOf(*source, u""), "");
 }
 
 }  // namespace
