@@ -67,13 +67,6 @@ protected:
     void writeLayerXml(AssetXmlWriter& writer, std::u16string url,
                        std::initializer_list<LayerParameter> parameters) const;
 
-    // The other layer when it is of this class, else null; empty references are of no class.
-    template <class T>
-    const T* sameClass(const std::shared_ptr<Base_BRDF>& other) const
-    {
-        return other && other->typeId() == typeId() ? dynamic_cast<const T*>(other.get()) : nullptr;
-    }
-
     // Old reflection records keep a Fresnel switch and index where newer ones keep a texture: a
     // switch that is on makes a new Fresnel texture of that index the transparency texture.
     static void upgradeFresnel(std::shared_ptr<BaseTexture>& transparency_tex, float fresnelIndex,

@@ -55,7 +55,7 @@ BRDFPtr Diffuse_BRDF::clone() const
 
 bool Diffuse_BRDF::isEqual(const BRDFPtr& other) const
 {
-    const auto* o = sameClass<Diffuse_BRDF>(other);
+    const auto* o = sameClass(*this, other);
     return o && childEqual(color_tex, o->color_tex) && childEqual(transparency_tex, o->transparency_tex) &&
            color == o->color && transparency == o->transparency && color_tex_mult == o->color_tex_mult &&
            transparency_tex_mult == o->transparency_tex_mult &&

@@ -119,7 +119,7 @@ BRDFPtr Glass_BRDF::clone() const
 
 bool Glass_BRDF::isEqual(const BRDFPtr& other) const
 {
-    const auto* o = sameClass<Glass_BRDF>(other);
+    const auto* o = sameClass(*this, other);
     return o && childEqual(color_tex, o->color_tex) && childEqual(transparency_tex, o->transparency_tex) &&
            childEqual(glossiness_tex, o->glossiness_tex) && childEqual(ior_texture, o->ior_texture) &&
            childEqual(translucency_tex, o->translucency_tex) &&

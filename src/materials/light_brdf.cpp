@@ -64,7 +64,7 @@ BRDFPtr Light_BRDF::clone() const
 
 bool Light_BRDF::isEqual(const BRDFPtr& other) const
 {
-    const auto* o = sameClass<Light_BRDF>(other);
+    const auto* o = sameClass(*this, other);
     return o && childEqual(color_tex, o->color_tex) && childEqual(transparency_tex, o->transparency_tex) &&
            color == o->color && transparency == o->transparency && intensity == o->intensity &&
            aux_mult == o->aux_mult && transparency_tex_mult == o->transparency_tex_mult &&

@@ -105,8 +105,7 @@ MaterialPtr MaterialLayeredBRDF::cloneSameName() const
 
 bool MaterialLayeredBRDF::isEqual(const MaterialPtr& other) const
 {
-    if (!other || other->typeId() != typeId()) return false;
-    const auto* that = dynamic_cast<const MaterialLayeredBRDF*>(other.get());
+    const auto* that = sameClass(*this, other);
     if (!that || that->brdfs.size() != brdfs.size()) return false;
     for (std::size_t i = 0; i < brdfs.size(); ++i)
         if (!childEqual(brdfs[i], that->brdfs[i])) return false;

@@ -52,8 +52,7 @@ MaterialPtr MaterialSingleBRDF::cloneSameName() const
 
 bool MaterialSingleBRDF::isEqual(const MaterialPtr& other) const
 {
-    if (!other || other->typeId() != typeId()) return false;
-    const auto* that = dynamic_cast<const MaterialSingleBRDF*>(other.get());
+    const auto* that = sameClass(*this, other);
     return that && childEqual(brdf, that->brdf) && single_aux_1 == that->single_aux_1 &&
            single_aux_2 == that->single_aux_2;
 }

@@ -74,7 +74,7 @@ BRDFPtr Mirror_BRDF::clone() const
 
 bool Mirror_BRDF::isEqual(const BRDFPtr& other) const
 {
-    const auto* o = sameClass<Mirror_BRDF>(other);
+    const auto* o = sameClass(*this, other);
     return o && childEqual(transparency_tex, o->transparency_tex) && childEqual(color_tex, o->color_tex) &&
            color == o->color && filter_color == o->filter_color &&
            transparency_tex_mult == o->transparency_tex_mult && color_tex_mult == o->color_tex_mult &&

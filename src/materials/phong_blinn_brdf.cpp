@@ -93,7 +93,7 @@ BRDFPtr Glossy_BRDF::withClonedChildren(std::shared_ptr<Glossy_BRDF> copy) const
 // Phong and Blinn layers of equal values differ by their type ids.
 bool Glossy_BRDF::isEqual(const BRDFPtr& other) const
 {
-    const auto* o = sameClass<Glossy_BRDF>(other);
+    const auto* o = sameClass(*this, other);
     return o && childEqual(color_tex, o->color_tex) && childEqual(hilightGlossiness_tex, o->hilightGlossiness_tex) &&
            childEqual(reflectionGlossiness_tex, o->reflectionGlossiness_tex) &&
            childEqual(transparency_tex, o->transparency_tex) &&

@@ -61,6 +61,15 @@ auto cloneChild(const std::shared_ptr<T>& child) -> decltype(child->clone())
     return child ? child->clone() : nullptr;
 }
 
+// The other object as this one's class, or null when it is empty or of another class: objects of
+// different classes are never equal, also when all their fields agree.
+template <class T, class Root>
+const T* sameClass(const T& self, const std::shared_ptr<Root>& other)
+{
+    if (!other || other->typeId() != self.typeId()) return nullptr;
+    return dynamic_cast<const T*>(other.get());
+}
+
 // Two slots are equal when both are empty or the children are equal by value.
 template <class T>
 bool childEqual(const std::shared_ptr<T>& mine, const std::shared_ptr<T>& theirs)

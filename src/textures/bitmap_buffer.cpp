@@ -2,7 +2,6 @@
 
 #include "archive/wide_text.h"
 #include "materials/record_io.h"
-#include "textures/texture_family.h"
 #include "textures/texture_xml.h"
 
 namespace TalvexCore {

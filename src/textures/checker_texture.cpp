@@ -2,7 +2,6 @@
 
 #include "materials/record_io.h"
 #include "textures/acolor_texture.h"
-#include "textures/texture_family.h"
 #include "textures/texture_xml.h"
 #include "textures/world_object_uvw.h"
 

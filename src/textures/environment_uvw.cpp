@@ -3,7 +3,6 @@
 #include "materials/record_io.h"
 #include "materials/shared_constants.h"
 #include "textures/base_texture.h"
-#include "textures/texture_family.h"
 #include "textures/texture_xml.h"
 
 namespace TalvexCore {

@@ -2,7 +2,6 @@
 
 #include "materials/record_io.h"
 #include "materials/shared_constants.h"
-#include "textures/texture_family.h"
 #include "textures/texture_xml.h"
 
 namespace TalvexCore {

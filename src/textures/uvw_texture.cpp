@@ -1,7 +1,6 @@
 #include "textures/uvw_texture.h"
 
 #include "materials/record_io.h"
-#include "textures/texture_family.h"
 #include "textures/texture_xml.h"
 
 namespace TalvexCore {
