@@ -73,12 +73,12 @@ void AssetXmlWriter::lineAscii(std::string_view text)
     out.push_back(u'\n');
 }
 
-void AssetXmlWriter::appendEscaped(std::u16string_view text)
+void AssetXmlWriter::appendEscaped(const XmlText& text)
 {
-    const auto zero = text.find(u'\0');
-    if (zero != std::u16string_view::npos) text = text.substr(0, zero);
-    if (needsEscaping(text)) out += escapeXml(text, true);
-    else out.append(text);
+    std::u16string scratch;
+    const std::u16string_view view = text.wideView(scratch);
+    if (needsEscaping(view)) out += escapeXml(view, true);
+    else out.append(view);
 }
 
 void AssetXmlWriter::openRoot(XmlText tag)
@@ -124,7 +124,7 @@ void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout)
     out.append(u"\" renderer=\"nuva\" type=\"");
     type.appendTo(out);
     out.append(u"\" url=\"");
-    appendEscaped(url.toWide());
+    appendEscaped(url);
     out.append(u"\" >\n");
 }
 
@@ -255,7 +255,7 @@ void AssetXmlWriter::writeFileString(XmlText name, XmlText value, XmlText label,
 {
     parameterHead("string", name, "FileBrowserHandler", "none", label, isUserData);
     inlineValueStart();
-    appendEscaped(value.toWide());
+    appendEscaped(value);
     inlineValueEnd();
 }
 
@@ -276,7 +276,7 @@ void AssetXmlWriter::pluginReference(const XmlText& name, bool present, const Xm
         return;
     }
     inlineValueStart();
-    appendEscaped(url.toWide());
+    appendEscaped(url);
     out.push_back(u'/');
     out.append(tail);
     inlineValueEnd();
@@ -430,7 +430,7 @@ void AssetXmlWriter::writeEntry(XmlText text)
 {
     indent();
     out.append(u"<entry>");
-    appendEscaped(text.toWide());
+    appendEscaped(text);
     out.append(u"</entry>\n");
 }
 

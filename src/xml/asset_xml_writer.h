@@ -103,7 +103,7 @@ private:
                         const XmlText& label);
     void pluginReference(const XmlText& name, bool present, const XmlText& url, std::u16string_view tail,
                          const XmlText& label);
-    void appendEscaped(std::u16string_view text);
+    void appendEscaped(const XmlText& text);
 
     std::u16string& out;
     int32_t indentLevel = 0;

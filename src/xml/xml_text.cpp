@@ -14,6 +14,16 @@ void XmlText::appendTo(std::u16string& out) const
     out.append(zero == std::u16string_view::npos ? wide : wide.substr(0, zero));
 }
 
+std::u16string_view XmlText::wideView(std::u16string& scratch) const
+{
+    if (!isWide) {
+        appendNarrowAsWide(scratch, narrow);
+        return scratch;
+    }
+    const auto zero = wide.find(u'\0');
+    return zero == std::u16string_view::npos ? wide : wide.substr(0, zero);
+}
+
 std::u16string XmlText::toWide() const
 {
     std::u16string out;
