@@ -35,15 +35,22 @@ TEST(TextureFactory, EachIdGivesItsClassAndNothingElse)
     }
     const char16_t* generators[] = {u"UVWGenPlanarWorld", u"UVWGenObject", u"", u"UVWGenEnvironment", u"UVWGenChannel"};
     for (uint32_t id : {0u, 1u, 3u, 4u}) EXPECT_EQ(createUVW(id)->pluginType(), generators[id]) << id;
-    EXPECT_TRUE(createDefaultUVW()->typeId() == 0 && createUVW(4)->typeId() == 4 && createBitmap(0)->typeId() == 0);
-    EXPECT_FALSE(createUVW(2) || createUVW(5) || createTexture(13) || createTexture(0xFFFFFFFF) || createBitmap(1));
+    EXPECT_TRUE(createDefaultUVW()->typeId() == 0);
+    EXPECT_TRUE(createUVW(4)->typeId() == 4);
+    EXPECT_TRUE(createBitmap(0)->typeId() == 0);
+    EXPECT_FALSE(createUVW(2));
+    EXPECT_FALSE(createUVW(5));
+    EXPECT_FALSE(createTexture(13));
+    EXPECT_FALSE(createTexture(0xFFFFFFFF));
+    EXPECT_FALSE(createBitmap(1));
     // A path gives a bitmap texture with a channel generator and a buffer of the file; no path, nothing.
     EXPECT_FALSE(textureFromFile(u""));
     const auto texture = std::dynamic_pointer_cast<BitmapTexture>(textureFromFile(u"maps/wood.png"));
     ASSERT_TRUE(texture);
     auto buffer = std::make_shared<BitmapBuffer>();
     buffer->file = u"maps/wood.png";
-    EXPECT_TRUE(buffer->isEqual(texture->bitmap) && texture->uvwgen->isEqual(std::make_shared<GenChannelUVW>()));
+    EXPECT_TRUE(buffer->isEqual(texture->bitmap));
+    EXPECT_TRUE(texture->uvwgen->isEqual(std::make_shared<GenChannelUVW>()));
 }
 
 // A tag with a low half or of an unknown version stops every class at the tag; an unknown child
@@ -115,7 +122,8 @@ TEST(TextureRecords, NewestRecordOfEachClassReadsBackAndClonesEqual)
         ASSERT_TRUE(source->writeBinary(archive));
         const auto copy = createTexture(source->typeId());
         ASSERT_TRUE(copy->readBinary(archive));
-        EXPECT_TRUE(copy->isEqual(source) && source->clone()->isEqual(source));
+        EXPECT_TRUE(copy->isEqual(source));
+        EXPECT_TRUE(source->clone()->isEqual(source));
         EXPECT_FALSE(createTexture(source->typeId())->isEqual(source));  // the sample is no default object
     }
 }
@@ -132,7 +140,8 @@ TEST(TextureClone, SharesNothingWithItsSource)
     EXPECT_TRUE(std::static_pointer_cast<InvertTexture>(copy)->texture->isEqual(std::make_shared<CheckerTexture>()));
     const auto bitmap = std::static_pointer_cast<BitmapTexture>(textureFromFile(u"a.png"));
     const auto bitmapCopy = std::static_pointer_cast<BitmapTexture>(bitmap->clone());
-    EXPECT_TRUE(bitmapCopy->uvwgen != bitmap->uvwgen && bitmapCopy->bitmap != bitmap->bitmap);
+    EXPECT_TRUE(bitmapCopy->uvwgen != bitmap->uvwgen);
+    EXPECT_TRUE(bitmapCopy->bitmap != bitmap->bitmap);
 }
 
 // Objects of different classes are never equal, also when all their fields agree; then children
@@ -140,10 +149,12 @@ TEST(TextureClone, SharesNothingWithItsSource)
 TEST(TextureEquality, ClassThenChildPresenceThenValue)
 {
     EXPECT_FALSE(GenPlanarWorldUVW().isEqual(std::make_shared<GenObjectUVW>()));
-    EXPECT_FALSE(AColorTexture().isEqual(std::make_shared<CheckerTexture>()) || AColorTexture().isEqual(nullptr));
+    EXPECT_FALSE(AColorTexture().isEqual(std::make_shared<CheckerTexture>()));
+    EXPECT_FALSE(AColorTexture().isEqual(nullptr));
     auto withChild = std::make_shared<InvertTexture>(), withoutChild = std::make_shared<InvertTexture>();
     withChild->texture = constant(1);
-    EXPECT_FALSE(withChild->isEqual(withoutChild) || withoutChild->isEqual(withChild));
+    EXPECT_FALSE(withChild->isEqual(withoutChild));
+    EXPECT_FALSE(withoutChild->isEqual(withChild));
     withoutChild->texture = std::make_shared<AColorTexture>(AColor{1, 1, 1, 0.5f});
     EXPECT_FALSE(withChild->isEqual(withoutChild));
 }
