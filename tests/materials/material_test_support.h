@@ -18,6 +18,7 @@
 #include "materials/mirror_brdf.h"
 #include "materials/scene_materials.h"
 #include "support/byte_builder.h"
+#include "support/xml_of.h"
 #include "textures/acolor_texture.h"
 #include "textures/bitmap_buffer.h"
 #include "textures/bitmap_texture.h"
@@ -110,16 +111,6 @@ std::shared_ptr<T> loadAs(uint32_t id, const ByteBuilder& bytes)
     QuickArchive in = bytes.archive();
     EXPECT_TRUE(layer->readBinary(in));
     return layer;
-}
-
-// The XML of an object under a url, as UTF-8 so that failures print readably.
-template <class T>
-std::string xmlOf(const T& object, const std::u16string& url)
-{
-    std::u16string text;
-    AssetXmlWriter writer(text);
-    object.writeXml(writer, url);
-    return wideToNarrow(text);
 }
 
 inline bool has(const std::string& text, const std::string& piece) { return text.find(piece) != std::string::npos; }

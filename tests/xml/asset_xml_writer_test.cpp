@@ -1,17 +1,38 @@
-// The asset XML writer: the exact text of every element and parameter form, and its escaping.
+// The asset XML writer: the exact text of every element and parameter form, its escaping, and the
+// asset frame.
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "archive/text_conversion.h"
-#include "materials/material_single_brdf.h"
 #include "records/transform_components.h"
-#include "textures/acolor_texture.h"
+#include "xml/asset_frame.h"
 #include "xml/asset_xml_writer.h"
 
 using namespace TalvexCore;
 
 namespace {
+
+// An object of no family: what the writer and the frame learn of any object through its contract.
+// Its asset is one line naming its url, so that the order of assets shows.
+class Probe : public TalvexXMLSerializable {
+public:
+    explicit Probe(std::optional<std::u16string> reference = u"TexProbe") : reference(std::move(reference)) {}
+    void writeXml(AssetXmlWriter& writer, std::u16string url) const override
+    {
+        writer.writeRaw(u"[" + url + u"]\n");
+    }
+    std::u16string pluginType() const override { return u"TexProbe"; }
+    std::u16string assetType() const override { return u"texture"; }
+    std::optional<std::u16string> referenceName() const override { return reference; }
+
+private:
+    std::optional<std::u16string> reference;
+};
 
 using Write = std::function<void(AssetXmlWriter&)>;
 
@@ -99,8 +120,9 @@ TEST(AssetXmlWriter, ParameterForms)
                                                  {"x_scale", "2"}, {"y_scale", "1"}, {"z_scale", "1"},
                                                  {"x_offset", "0"}, {"y_offset", "0"}, {"z_offset", "0.125"},
                                                  {"x_mirror", "1"}, {"y_mirror", "0"}, {"z_mirror", "-1"}}));
-    auto material = std::make_shared<MaterialSingleBRDF>();
-    material->name = u"Oak & <Ash>";
+    const auto probe = std::make_shared<Probe>();
+    const auto named = std::make_shared<Probe>(u"Oak & <Ash>");
+    const auto urlAlone = std::make_shared<Probe>(std::nullopt);
     const Matrix matrix{{Vector{1, 2, 3}, Vector{4, 5, 6}, Vector{7, 8, 9}}};
     const std::string matrixRows =
         vectorLines("      ", "1", "2", "3") + vectorLines("      ", "4", "5", "6") + vectorLines("      ", "7", "8", "9");
@@ -129,12 +151,14 @@ TEST(AssetXmlWriter, ParameterForms)
          "  <value>C:\\a&amp;b&amp;c\\&lt;c&gt;.png</value>\n"},
         {[](AssetXmlWriter& w) { w.writePluginName("p", "/a&b/\x80", "Pick"); },  // Windows-1252
          R"(type="plugin" name="p" handler="default" listType="none" label="Pick")", "  <value>/a&b/\xE2\x82\xAC</value>\n"},
-        {[](AssetXmlWriter& w) { w.writePlugin("tex", TexturePtr(std::make_shared<AColorTexture>()), u"/a&b/tex"); },
-         plain("plugin", "tex"), "  <value>/a&amp;b/tex/TexAColor</value>\n"},
-        {[&](AssetXmlWriter& w) { w.writePlugin("base", MaterialPtr(material), u"/outer/base"); }, plain("plugin", "base"),
+        // The url is escaped, the name the object gives behind it is not; no name, no "/".
+        {[&](AssetXmlWriter& w) { w.writePlugin("tex", probe, u"/a&b/tex"); }, plain("plugin", "tex"),
+         "  <value>/a&amp;b/tex/TexProbe</value>\n"},
+        {[&](AssetXmlWriter& w) { w.writePlugin("base", named, u"/outer/base"); }, plain("plugin", "base"),
          "  <value>/outer/base/Oak & <Ash></value>\n"},
-        {[](AssetXmlWriter& w) { w.writePlugin("tex", TexturePtr(), u"/m/tex"); }, plain("plugin", "tex"), ""},
-        {[](AssetXmlWriter& w) { w.writePlugin("tex", MaterialPtr(), u"/m/tex"); }, plain("plugin", "tex"), ""},
+        {[&](AssetXmlWriter& w) { w.writePlugin("sun", urlAlone, u"/sky/sun"); }, plain("plugin", "sun"),
+         "  <value>/sky/sun</value>\n"},
+        {[](AssetXmlWriter& w) { w.writePlugin("tex", std::shared_ptr<Probe>(), u"/m/tex"); }, plain("plugin", "tex"), ""},
         {[](AssetXmlWriter& w) { w.writeColor("diffuse", {1, 0.5f, 0}); }, plain("color", "diffuse"),
          block(fieldLines({{"r", "1"}, {"g", "0.5"}, {"b", "0"}}))},
         {[](AssetXmlWriter& w) { w.writeAColor("tint", {0.25f, 1, 2, 0.75f}, "Tint"); },
@@ -199,4 +223,42 @@ TEST(AssetXmlWriter, FlushHandsOverTheTextInPieces)
     EXPECT_EQ(pieces, 2);  // behind the plugin and the root
     EXPECT_EQ(text, u"");
     EXPECT_EQ(wideToNarrow(taken), textOf(workedDocument));
+}
+
+// The children's assets stand ahead of the asset, each under the asset's url and its word, or under
+// the asset's own url when the slot has no word; an empty slot writes no asset but keeps its
+// parameter, with no value.
+TEST(AssetFrame, ChildrenFirstThenTheAssetWithItsChildParameters)
+{
+    const auto child = std::make_shared<Probe>();
+    const Probe self;
+    const std::string text = textOf([&](AssetXmlWriter& w) {
+        const std::vector<ChildSlot> slots{{"first", "first_word", child},
+                                           {"empty", "empty_word", std::shared_ptr<Probe>()},
+                                           {"layer", nullptr, child}};
+        const AssetFrame frame(w, self, u"/m&n", "lay", slots);
+        w.writeInt("between", 3);
+        frame.writeChildParameter(1);
+        frame.writeChildParameter(0);
+        frame.close();
+    });
+    EXPECT_EQ(text, R"([/m&n/first_word]
+[/m&n]
+  <Asset layout="lay" renderer="nuva" type="texture" url="/m&amp;n" >
+    <plugin>
+      <nuvaplugin name="TexProbe" type="texture">
+        <parameters>
+          <parameter type="integer" name="between" handler="default" listType="none" label="between">
+            <value>3</value>
+          </parameter>
+          <parameter type="plugin" name="empty" handler="default" listType="none" label="empty">
+          </parameter>
+          <parameter type="plugin" name="first" handler="default" listType="none" label="first">
+            <value>/m&amp;n/first_word/TexProbe</value>
+          </parameter>
+        </parameters>
+      </nuvaplugin>
+    </plugin>
+  </Asset>
+)");
 }
