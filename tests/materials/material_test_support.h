@@ -115,15 +115,6 @@ std::shared_ptr<T> loadAs(uint32_t id, const ByteBuilder& bytes)
 
 inline bool has(const std::string& text, const std::string& piece) { return text.find(piece) != std::string::npos; }
 
-// The bytes of an object's record as its writeBinary gives them.
-template <class T>
-std::vector<uint8_t> bytesOf(const T& object)
-{
-    QuickArchive out(1);
-    EXPECT_TRUE(object.writeBinary(out));
-    return writtenBytes(out);
-}
-
 // What an old record's file name became, the constant colour or the Fresnel index in a slot; "-", -1
 // when the slot holds no such texture.
 inline std::string bitmapFile(const TexturePtr& texture)
