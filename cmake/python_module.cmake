@@ -46,7 +46,7 @@ else()
   endif()
   set(CINDREL_MODULE_PYTHON ${Python3_EXECUTABLE})
 endif()
-target_link_libraries(Cindrel PRIVATE cindrel_core)
+target_link_libraries(Cindrel PRIVATE cindrel_module)
 set_target_properties(Cindrel PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 message(STATUS "Python module Cindrel for ${CINDREL_MODULE_PYTHON}")
 
