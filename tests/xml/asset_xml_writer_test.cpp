@@ -45,6 +45,15 @@ std::string textOf(const Write& write)
     return wideToNarrow(text);
 }
 
+// The text the same calls make on a writer of UTF-8; it must be the wide text's UTF-8, byte for byte.
+std::string utf8TextOf(const Write& write)
+{
+    std::string text;
+    AssetXmlWriter writer(text);
+    write(writer);
+    return text;
+}
+
 std::string vectorLines(const std::string& indent, const char* x, const char* y, const char* z)
 {
     return indent + "<vector>\n" + indent + "  <x>" + x + "</x>\n" + indent + "  <y>" + y + "</y>\n" + indent +
@@ -108,6 +117,18 @@ TEST(AssetXmlWriter, DocumentNestingAndIndentation)
               }),
               "  <Asset layout=\"Lay<out>\" renderer=\"nuva\" type=\"tex&ture\" url=\"/a&amp;b/\"q\"/&lt;c&gt;\" >\n"
               "    <plugin>\n      <nuvaplugin name=\"Name&<\" type=\"texture\">\n        <Group>\n        </Group>\n</>\n");
+}
+
+// Indentation deeper than any real document still takes two blanks a level, in both widths.
+TEST(AssetXmlWriter, DeepIndentation)
+{
+    const Write deep = [](AssetXmlWriter& w) {
+        for (int i = 0; i < 40; ++i) w.openTag("g");
+        w.writeRaw("");
+        w.closeTag("g");
+    };
+    EXPECT_EQ(textOf(deep).substr(textOf(deep).rfind("</g>") - 80), std::string(80, ' ') + "</g>\n");
+    EXPECT_EQ(utf8TextOf(deep), textOf(deep));
 }
 
 // Each form's head, and its value in the inline shape, a block, a list, or nothing at all.
@@ -190,6 +211,7 @@ TEST(AssetXmlWriter, ParameterForms)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.head);
         EXPECT_EQ(textOf(c.write), "<parameter " + c.head + ">\n" + c.inside + "</parameter>\n");
+        EXPECT_EQ(utf8TextOf(c.write), textOf(c.write)) << "the UTF-8 writer";
     }
 }
 
@@ -223,6 +245,20 @@ TEST(AssetXmlWriter, FlushHandsOverTheTextInPieces)
     EXPECT_EQ(pieces, 2);  // behind the plugin and the root
     EXPECT_EQ(text, u"");
     EXPECT_EQ(wideToNarrow(taken), textOf(workedDocument));
+
+    // A writer of UTF-8 hands over its pieces at the same points.
+    std::string utf8, utf8Taken;
+    AssetXmlWriter utf8Writer(utf8);
+    pieces = 0;
+    utf8Writer.setFlushSink([&](std::string& piece) {
+        utf8Taken += piece;
+        piece.clear();
+        ++pieces;
+    });
+    workedDocument(utf8Writer);
+    EXPECT_EQ(pieces, 2);
+    EXPECT_EQ(utf8, "");
+    EXPECT_EQ(utf8Taken, textOf(workedDocument));
 }
 
 // The children's assets stand ahead of the asset, each under the asset's url and its word, or under
