@@ -28,8 +28,8 @@
 // embeddedRecord (a member with a record of its own) and childSlot (an optional child object, shown
 // as a plugin reference; settingChildren lists a group's children for its asset frame, which writes
 // their assets ahead of the group's), and reservedWord (an i32 or f32 with no field: reading drops
-// it, writing puts a constant). A special's function replaces the plain
-// operation of the row; a null function leaves the plain operation, if the row has a field.
+// it, writing puts a constant). A special's function replaces the plain operation of the row; a
+// null function leaves the plain operation, if the row has a field.
 #pragma once
 
 #include <algorithm>
