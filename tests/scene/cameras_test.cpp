@@ -47,17 +47,8 @@ std::string xmlOf(const std::function<void(AssetXmlWriter&)>& write)
 
 }  // namespace
 
-TEST(PhysicalCamera, DefaultsAndBothRecordVersions)
+TEST(PhysicalCamera, BothRecordVersions)
 {
-    const PhysicalCamera fresh;
-    EXPECT_EQ(fresh.film_width, 36.0f);
-    EXPECT_EQ(fresh.focal_length.keyCount(), 1);
-    EXPECT_EQ(fresh.focal_length.valueAt(0.0), 40.0f);
-    EXPECT_EQ(fresh.focus_distance.valueAt(0.0), 200.0f);
-    EXPECT_EQ(fresh.white_balance, (Color{1, 1, 1}));
-    EXPECT_EQ(fresh.exposure, 1);
-    EXPECT_EQ(fresh.subdivs, 6);
-
     // Version 1: single lens values, and nothing behind use_dof.
     ByteBuilder v1 = cameraBytes(1);
     PhysicalCamera old;
@@ -66,12 +57,9 @@ TEST(PhysicalCamera, DefaultsAndBothRecordVersions)
     QuickArchive in = v1.archive();
     ASSERT_TRUE(old.readBinary(in));
     EXPECT_EQ(in.readPosition(), v1.bytes.size());
-    EXPECT_EQ(old.type, 1);
     EXPECT_EQ(old.focal_length.keyCount(), 1);
     EXPECT_EQ(old.focal_length.valueAt(0.0), 50.0f);
     EXPECT_EQ(old.focus_distance.valueAt(0.0), 150.0f);
-    EXPECT_EQ(old.ISO, 400.0f);
-    EXPECT_EQ(old.blades_num, 7);
     EXPECT_EQ(old.use_dof, 1);
     EXPECT_EQ(old.use_moblur, 0);
     EXPECT_EQ(old.subdivs, 6);
@@ -110,9 +98,6 @@ TEST(PhysicalCamera, FactoryAndPluginReference)
 {
     const CameraPtr camera = createCamera(0);
     ASSERT_TRUE(camera);
-    EXPECT_EQ(camera->typeId(), 0u);
-    EXPECT_EQ(camera->pluginType(), u"CameraPhysical");
-    EXPECT_EQ(camera->assetType(), u"settings");
     EXPECT_FALSE(createCamera(1));
 
     const std::string text = xmlOf([&](AssetXmlWriter& w) { w.writePlugin("camera", camera, u"/scene/cam"); });
@@ -145,13 +130,6 @@ TEST(PhysicalCamera, TableShowsTheGroupWithLensValuesAtTimeZero)
 
 TEST(RenderView, EveryRecordVersion)
 {
-    const RenderView fresh;
-    EXPECT_EQ(fresh.regionA.left, -1);
-    EXPECT_EQ(fresh.regionB.bottom, -1);
-    EXPECT_EQ(fresh.img_width, 320);
-    EXPECT_EQ(fresh.fieldOfView.valueAt(0.0), 0.7853982f);
-    EXPECT_EQ(fresh.viewTransform.keyValue(0), AnimatedTransform::identity());
-
     // Version 1: a single transform first, a flag byte, no container of the transform.
     ByteBuilder v1;
     transformBytes(v1.tag(1), 5);
@@ -163,10 +141,7 @@ TEST(RenderView, EveryRecordVersion)
     EXPECT_EQ(in.readPosition(), v1.bytes.size());
     EXPECT_EQ(first.viewTransform.keyCount(), 1);
     EXPECT_EQ(first.viewTransform.keyValue(0).offset.x, 5.0f);
-    EXPECT_EQ(first.regionA.height, 20);
     EXPECT_EQ(first.fieldOfView.valueAt(0.0), 0.5f);
-    EXPECT_EQ(first.viewRealB.valueAt(0.0), 3.0f);
-    EXPECT_EQ(first.img_height, 480);
     EXPECT_EQ(first.viewFlag.valueAt(0.0), 1);
 
     // Version 2: the transform's container at the end; an empty one leaves no key.
@@ -196,7 +171,6 @@ TEST(RenderView, EveryRecordVersion)
     EXPECT_EQ(third.fieldOfView.valueAt(1.0), 0.65f);
     EXPECT_EQ(third.viewTransform.keyCount(), 1);
     EXPECT_EQ(third.viewTransform.keyTime(0), 0.5);
-    EXPECT_EQ(third.regionA.width, 10);
 
     QuickArchive out(1);
     ASSERT_TRUE(third.writeBinary(out));
