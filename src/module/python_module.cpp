@@ -1,6 +1,6 @@
-// The Python module Cindrel: getTalmatXml, getTaloptXml and the exception Cindrel.error.
-#define PY_SSIZE_T_CLEAN
-#include <Python.h>
+// The module Cindrel: the commands getTalmatXml and getTaloptXml and the exception Cindrel.error,
+// the same under every interpreter. The entry and the text of each interpreter are in its glue.
+#include "module/python_module.h"
 
 #include <exception>
 #include <new>
@@ -10,48 +10,21 @@
 #include "module/material_conversion.h"
 #include "module/options_conversion.h"
 
-using namespace TalvexCore;
+namespace TalvexCore {
 
 namespace {
 
 PyObject* moduleError = nullptr;
 
-// The argument is a str; its text, up to its first zero character, becomes a wide string of
-// 16-bit code units.
-bool parsePathArgument(PyObject* args, std::u16string& path)
-{
-    PyObject* text = nullptr;
-    if (!PyArg_ParseTuple(args, "U", &text)) return false;
-    PyObject* bytes = PyUnicode_AsEncodedString(text, "utf-16-le", "surrogatepass");
-    if (bytes == nullptr) return false;
-    const char* data = PyBytes_AS_STRING(bytes);
-    const Py_ssize_t size = PyBytes_GET_SIZE(bytes);
-    path.assign(reinterpret_cast<const char16_t*>(data), static_cast<std::size_t>(size) / 2);
-    Py_DECREF(bytes);
-    // The path ends at its first zero character, for the extension test as for the file.
-    if (const auto zero = path.find(u'\0'); zero != std::u16string::npos) path.resize(zero);
-    return true;
-}
-
-// The result is the text up to its first zero character, as a str.
-PyObject* buildResult(const std::u16string& text)
-{
-    const auto zero = text.find(u'\0');
-    const std::size_t length = zero == std::u16string::npos ? text.size() : zero;
-    int byteOrder = -1;  // little endian
-    return PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(text.data()),
-                                 static_cast<Py_ssize_t>(length * 2), "surrogatepass", &byteOrder);
-}
-
-// Runs a conversion; no C++ exception passes into the interpreter.
+// Runs a command; no C++ exception passes into the interpreter.
 template <class Convert>
-PyObject* convert(PyObject* args, bool (*matches)(const std::u16string&), Convert conversion)
+PyObject* runCommand(PyObject* args, bool (*matches)(const std::u16string&), Convert conversion)
 {
-    std::u16string path;
-    if (!parsePathArgument(args, path)) return nullptr;
-    // A path of the wrong kind answers null with no exception set, as the command always has.
-    if (!matches(path)) return nullptr;
     try {
+        std::u16string path;
+        if (!parsePathArgument(args, path)) return nullptr;
+        // A path of the wrong kind answers null with no exception set, as the command always has.
+        if (!matches(path)) return nullptr;
         return buildResult(conversion(path));
     } catch (const std::bad_alloc&) {
         return PyErr_NoMemory();
@@ -66,47 +39,40 @@ PyObject* convert(PyObject* args, bool (*matches)(const std::u16string&), Conver
 
 PyObject* getTalmatXml(PyObject* /*self*/, PyObject* args)
 {
-    return convert(args, isMaterialFilePath, materialFileToXml);
+    return runCommand(args, isMaterialFilePath, materialFileToXml);
 }
 
 PyObject* getTaloptXml(PyObject* /*self*/, PyObject* args)
 {
-    return convert(args, isOptionsFilePath, optionsFileToXml);
+    return runCommand(args, isOptionsFilePath, optionsFileToXml);
 }
 
-PyMethodDef methods[] = {
+}  // namespace
+
+PyMethodDef moduleMethods[] = {
     {"getTalmatXml", getTalmatXml, METH_VARARGS, "Gets the xml from a talmat file."},
     {"getTaloptXml", getTaloptXml, METH_VARARGS, "Gets the xml from a talopt file."},
     {nullptr, nullptr, 0, nullptr},
 };
 
-void freeModule(void* /*module*/)
+bool addModuleError(PyObject* module)
 {
-    Py_CLEAR(moduleError);
-}
-
-PyModuleDef moduleDef = {
-    PyModuleDef_HEAD_INIT, "Cindrel", nullptr, -1, methods, nullptr, nullptr, nullptr, freeModule,
-};
-
-}  // namespace
-
-PyMODINIT_FUNC PyInit_Cindrel()
-{
-    PyObject* module = PyModule_Create(&moduleDef);
-    if (module == nullptr) return nullptr;
-    PyObject* error = PyErr_NewException("Cindrel.error", nullptr, nullptr);
-    if (error == nullptr) {
-        Py_DECREF(module);
-        return nullptr;
-    }
+    static char name[] = "Cindrel.error";  // Python 2 takes the name as a mutable text
+    PyObject* error = PyErr_NewException(name, nullptr, nullptr);
+    if (error == nullptr) return false;
     Py_XDECREF(moduleError);
     moduleError = error;
     Py_INCREF(error);  // one reference for the module's attribute, one kept here
     if (PyModule_AddObject(module, "error", error) < 0) {
         Py_DECREF(error);
-        Py_DECREF(module);
-        return nullptr;
+        return false;
     }
-    return module;
+    return true;
 }
+
+void releaseModuleError()
+{
+    Py_CLEAR(moduleError);
+}
+
+}  // namespace TalvexCore

@@ -1,0 +1,28 @@
+// The module Cindrel as each interpreter's glue sees it: the commands and the exception, which are
+// the same under every interpreter, and the two text conversions, which each glue defines for its
+// interpreter's Unicode object.
+#pragma once
+
+#define PY_SSIZE_T_CLEAN
+#include <Python.h>
+
+#include <string>
+
+namespace TalvexCore {
+
+// The two commands, getTalmatXml and getTaloptXml, and the terminating entry.
+extern PyMethodDef moduleMethods[];
+
+// Creates Cindrel.error, keeps a reference to it and adds it to the module. False, with the
+// interpreter's exception set, when that fails.
+bool addModuleError(PyObject* module);
+void releaseModuleError();
+
+// Defined by the glue. The path argument, a Unicode object, up to its first zero character;
+// false, with the interpreter's exception set, when the parser refuses the arguments.
+bool parsePathArgument(PyObject* args, std::u16string& path);
+
+// Defined by the glue. The text up to its first zero character, as a new Unicode object.
+PyObject* buildResult(const std::u16string& text);
+
+}  // namespace TalvexCore
