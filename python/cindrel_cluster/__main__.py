@@ -1,5 +1,6 @@
 """python3 -m cindrel_cluster: convert files and folders on a Dask cluster."""
 import argparse
+import logging
 import os
 import sys
 
@@ -48,24 +49,34 @@ def main(argv=None):
     if not paths:
         print("cindrel_cluster: no material or options file in the given paths", file=sys.stderr)
         return 1
-    from dask.distributed import Client, LocalCluster
+    try:
+        from dask.distributed import Client, LocalCluster
+    except ImportError:
+        print("cindrel_cluster: dask.distributed is missing (Debian: python3-dask python3-distributed)",
+              file=sys.stderr)
+        return 2
 
     def progress(done, total):
         print("\r%d/%d files" % (done, total), end="" if done < total else "\n",
               file=sys.stderr, flush=True)
 
+    cluster = None
     if arguments.scheduler:
         client = Client(arguments.scheduler)
     else:
-        cluster = LocalCluster(n_workers=arguments.workers, threads_per_worker=1,
-                               processes=True, dashboard_address=None)
+        cluster = LocalCluster(n_workers=arguments.workers, threads_per_worker=1, processes=True,
+                               dashboard_address=None, silence_logs=logging.ERROR)
         client = Client(cluster)
-    with client:
+    try:
         print("converting %d files on %s" % (len(paths), client.scheduler.address), file=sys.stderr)
         table = convert_paths(paths, arguments.output, client, base=base,
                               batch_size=arguments.batch_size, progress=progress)
-        if not arguments.scheduler:
-            client.cluster.close()
+    finally:
+        # Workers that are slow to stop say so at length; the results are in by then.
+        logging.getLogger("distributed").setLevel(logging.CRITICAL)
+        client.close()
+        if cluster is not None:
+            cluster.close()
     if arguments.table:
         print(table.format())
     else:
