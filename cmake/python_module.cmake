@@ -1,7 +1,8 @@
 # The Python extension module Cindrel, built for one interpreter: CINDREL_PYTHON_EXECUTABLE, or the
 # machine's python3 when that is empty. For Python 3 the module keeps to the stable ABI of 3.6, and
 # its one file, Cindrel.abi3.so, imports in every Python 3 from 3.6 on; for Python 2.7 it is Cindrel.so.
-# Sets CINDREL_MODULE_PYTHON to the interpreter the module is for.
+# Sets CINDREL_MODULE_PYTHON to the interpreter the module is for, and CINDREL_MODULE_PYTHON_VERSION
+# to its version, major.minor.
 
 set(CINDREL_PYTHON_EXECUTABLE "" CACHE STRING
   "Python interpreter to build the module for, a path or a name on PATH (default: python3)")
@@ -26,6 +27,7 @@ if(NOT _cindrel_python_status EQUAL 0 OR NOT _cindrel_python_version MATCHES "^[
 endif()
 list(GET _cindrel_python_version 0 _cindrel_python_major)
 list(GET _cindrel_python_version 1 _cindrel_python_minor)
+set(CINDREL_MODULE_PYTHON_VERSION ${_cindrel_python_major}.${_cindrel_python_minor})
 if(NOT (_cindrel_python_major EQUAL 2 AND _cindrel_python_minor EQUAL 7)
    AND NOT (_cindrel_python_major EQUAL 3 AND _cindrel_python_minor GREATER_EQUAL 6))
   message(FATAL_ERROR "CINDREL_PYTHON_EXECUTABLE: '${_cindrel_python}' is Python "
@@ -47,6 +49,7 @@ else()
   set(CINDREL_MODULE_PYTHON ${Python3_EXECUTABLE})
 endif()
 target_link_libraries(Cindrel PRIVATE cindrel_module)
+target_compile_definitions(Cindrel PRIVATE CINDREL_VERSION="${PROJECT_VERSION}")
 set_target_properties(Cindrel PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 message(STATUS "Python module Cindrel for ${CINDREL_MODULE_PYTHON}")
 

@@ -7,6 +7,7 @@
 #include <istream>
 #include <ostream>
 
+#include "archive/file_path.h"
 #include "archive/text_conversion.h"
 
 static_assert(std::endian::native == std::endian::little, "values are stored as they lie in memory");
@@ -274,7 +275,8 @@ bool QuickArchive::readFromStream(std::istream& in)
 
 bool QuickArchive::writeToFile(const std::u16string& path) const
 {
-    return writeToFile(wideToNarrow(path));
+    std::ofstream out(filePath(path), std::ios::binary);
+    return out.is_open() && writeToStream(out);
 }
 
 bool QuickArchive::writeToFile(const std::string& path) const
@@ -285,7 +287,8 @@ bool QuickArchive::writeToFile(const std::string& path) const
 
 bool QuickArchive::readFromFile(const std::u16string& path)
 {
-    return readFromFile(wideToNarrow(path));
+    std::ifstream in(filePath(path), std::ios::binary);
+    return in.is_open() && readFromStream(in);
 }
 
 bool QuickArchive::readFromFile(const std::string& path)

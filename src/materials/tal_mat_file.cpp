@@ -4,6 +4,7 @@
 #include <istream>
 #include <ostream>
 
+#include "archive/file_path.h"
 #include "archive/name_compare.h"
 #include "archive/quick_archive.h"
 #include "archive/stream_bytes.h"
@@ -44,7 +45,7 @@ void repairLineEnds(std::string& data)
 
 bool TalMatFile::load(const std::u16string& path)
 {
-    std::ifstream in(wideToNarrow(path), std::ios::binary);
+    std::ifstream in(filePath(path), std::ios::binary);
     if (!in.is_open()) return false;
     return load(in);
 }
@@ -112,7 +113,7 @@ std::size_t TalMatFile::findMaterialByName(const std::u16string& name) const
 
 int TalMatFile::chooseOpenMode(const std::u16string& path)
 {
-    std::ifstream in(wideToNarrow(path), std::ios::binary);
+    std::ifstream in(filePath(path), std::ios::binary);
     if (!in.is_open()) return textInputMode;
     const Header header = readHeader(in);
     return ((header.tag & 0xFFFF) == 0 && versionOf(header.tag) == 1) ? textInputMode : binaryInputMode;

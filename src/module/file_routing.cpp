@@ -5,6 +5,7 @@
 
 #include "archive/name_compare.h"
 #include "archive/stream_bytes.h"
+#include "archive/file_path.h"
 #include "archive/text_conversion.h"
 
 namespace TalvexCore {
@@ -34,7 +35,7 @@ bool isOptionsFilePath(const std::u16string& path)
 ConversionOutcome appendPlainText(const std::u16string& path, std::u16string& text,
                                   const AssetXmlWriter::FlushSink& sink)
 {
-    std::ifstream in(wideToNarrow(path), std::ios::binary);
+    std::ifstream in(filePath(path), std::ios::binary);
     if (!in.is_open()) return ConversionOutcome::Unreadable;
     std::string bytes = readRemainingBytes(in);
     bytes.resize(std::strlen(bytes.c_str()));  // everything behind the first zero byte is lost

@@ -8,10 +8,13 @@
 namespace TalvexCore {
 
 // The parser refuses a narrow str itself.
-bool parsePathArgument(PyObject* args, std::u16string& path)
+bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, std::u16string& path)
 {
+    static char pathName[] = "path";  // Python 2 takes the names as mutable texts
+    static char* names[] = {pathName, nullptr};
+    const std::string format = std::string("u:") + command;
     Py_UNICODE* text = nullptr;
-    if (!PyArg_ParseTuple(args, "u", &text)) return false;
+    if (!PyArg_ParseTupleAndKeywords(args, keywords, format.c_str(), names, &text)) return false;
     path = toUtf16Units(text);
     return true;
 }
@@ -26,9 +29,10 @@ PyObject* buildResult(const std::u16string& text)
 
 PyMODINIT_FUNC initCindrel()
 {
-    PyObject* module = Py_InitModule4("Cindrel", TalvexCore::moduleMethods, nullptr, nullptr, PYTHON_API_VERSION);
+    PyObject* module = Py_InitModule4("Cindrel", TalvexCore::moduleMethods, TalvexCore::moduleDoc,
+                                       nullptr, PYTHON_API_VERSION);
     if (module == nullptr) return;
     // The exception lives as long as the process: by the time exit handlers run the interpreter has
     // finalised its objects, and a reference dropped then would touch freed state.
-    TalvexCore::addModuleError(module);
+    if (TalvexCore::addModuleError(module)) TalvexCore::addModuleVersion(module);
 }

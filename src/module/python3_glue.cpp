@@ -6,11 +6,24 @@
 
 namespace TalvexCore {
 
-bool parsePathArgument(PyObject* args, std::u16string& path)
+// A str, or a path-like object whose path is a str.
+bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, std::u16string& path)
 {
-    PyObject* text = nullptr;
-    if (!PyArg_ParseTuple(args, "U", &text)) return false;
+    static const char* names[] = {"path", nullptr};
+    const std::string format = std::string("O:") + command;
+    PyObject* given = nullptr;
+    if (!PyArg_ParseTupleAndKeywords(args, keywords, format.c_str(), const_cast<char**>(names), &given))
+        return false;
+    PyObject* text = PyOS_FSPath(given);  // a str as it is; refuses what is neither path nor text
+    if (text == nullptr) return false;
+    if (!PyUnicode_Check(text)) {
+        Py_DECREF(text);
+        PyErr_Format(PyExc_TypeError, "%s() argument 'path' must be str or a path-like object of str, not bytes",
+                     command);
+        return false;
+    }
     PyObject* bytes = PyUnicode_AsEncodedString(text, "utf-16-le", "surrogatepass");
+    Py_DECREF(text);
     if (bytes == nullptr) return false;
     const char* data = PyBytes_AsString(bytes);
     const Py_ssize_t size = PyBytes_Size(bytes);
@@ -40,7 +53,7 @@ void freeModule(void* /*module*/)
 }
 
 PyModuleDef moduleDef = {
-    PyModuleDef_HEAD_INIT, "Cindrel", nullptr, -1, TalvexCore::moduleMethods, nullptr, nullptr, nullptr, freeModule,
+    PyModuleDef_HEAD_INIT, "Cindrel", TalvexCore::moduleDoc, -1, TalvexCore::moduleMethods, nullptr, nullptr, nullptr, freeModule,
 };
 
 }  // namespace
@@ -49,7 +62,7 @@ PyMODINIT_FUNC PyInit_Cindrel()
 {
     PyObject* module = PyModule_Create(&moduleDef);
     if (module == nullptr) return nullptr;
-    if (!TalvexCore::addModuleError(module)) {
+    if (!TalvexCore::addModuleError(module) || !TalvexCore::addModuleVersion(module)) {
         Py_DECREF(module);
         return nullptr;
     }

@@ -18,11 +18,12 @@ PyObject* moduleError = nullptr;
 
 // Runs a command; no C++ exception passes into the interpreter.
 template <class Convert>
-PyObject* runCommand(PyObject* args, bool (*matches)(const std::u16string&), Convert conversion)
+PyObject* runCommand(const char* command, PyObject* args, PyObject* keywords,
+                     bool (*matches)(const std::u16string&), Convert conversion)
 {
     try {
         std::u16string path;
-        if (!parsePathArgument(args, path)) return nullptr;
+        if (!parsePathArgument(args, keywords, command, path)) return nullptr;
         // A path of the wrong kind answers null with no exception set, as the command always has.
         if (!matches(path)) return nullptr;
         return buildResult(conversion(path));
@@ -37,23 +38,42 @@ PyObject* runCommand(PyObject* args, bool (*matches)(const std::u16string&), Con
     }
 }
 
-PyObject* getTalmatXml(PyObject* /*self*/, PyObject* args)
+PyObject* getTalmatXml(PyObject* /*self*/, PyObject* args, PyObject* keywords)
 {
-    return runCommand(args, isMaterialFilePath, materialFileToXml);
+    return runCommand("getTalmatXml", args, keywords, isMaterialFilePath, materialFileToXml);
 }
 
-PyObject* getTaloptXml(PyObject* /*self*/, PyObject* args)
+PyObject* getTaloptXml(PyObject* /*self*/, PyObject* args, PyObject* keywords)
 {
-    return runCommand(args, isOptionsFilePath, optionsFileToXml);
+    return runCommand("getTaloptXml", args, keywords, isOptionsFilePath, optionsFileToXml);
+}
+
+// A command that takes keywords, in the method table's plain function type.
+PyCFunction withKeywords(PyObject* (*command)(PyObject*, PyObject*, PyObject*))
+{
+    return reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(command));
 }
 
 }  // namespace
 
 PyMethodDef moduleMethods[] = {
-    {"getTalmatXml", getTalmatXml, METH_VARARGS, "Gets the xml from a talmat file."},
-    {"getTaloptXml", getTaloptXml, METH_VARARGS, "Gets the xml from a talopt file."},
+    {"getTalmatXml", withKeywords(getTalmatXml), METH_VARARGS | METH_KEYWORDS,
+     "Gets the xml from a talmat file."},
+    {"getTaloptXml", withKeywords(getTaloptXml), METH_VARARGS | METH_KEYWORDS,
+     "Gets the xml from a talopt file."},
     {nullptr, nullptr, 0, nullptr},
 };
+
+const char moduleDoc[] =
+    "Turns the rendering engine's stored material files (.talmat, .numat) and render-options\n"
+    "files (.talopt, .nuopt) into their XML asset text.\n\n"
+    "getTalmatXml(path) and getTaloptXml(path) return the XML of one file; a file that is not\n"
+    "binary comes back as its text, and one that cannot be read as an empty text.";
+
+bool addModuleVersion(PyObject* module)
+{
+    return PyModule_AddStringConstant(module, "__version__", CINDREL_VERSION) == 0;
+}
 
 bool addModuleError(PyObject* module)
 {

@@ -18,9 +18,14 @@ extern PyMethodDef moduleMethods[];
 bool addModuleError(PyObject* module);
 void releaseModuleError();
 
-// Defined by the glue. The path argument, a Unicode object, up to its first zero character;
-// false, with the interpreter's exception set, when the parser refuses the arguments.
-bool parsePathArgument(PyObject* args, std::u16string& path);
+// The module's doc string and its __version__.
+extern const char moduleDoc[];
+bool addModuleVersion(PyObject* module);
+
+// Defined by the glue. The path argument of `command`, given by position or as the keyword "path",
+// up to its first zero character; false, with the interpreter's exception set, when the arguments
+// are refused.
+bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, std::u16string& path);
 
 // Defined by the glue. The text up to its first zero character, as a new Unicode object.
 PyObject* buildResult(const std::u16string& text);

@@ -8,7 +8,7 @@ import tempfile
 import unittest
 
 import Cindrel
-from support import TEXT, as_text, case, write_file
+from support import SOURCE, TEXT, as_text, case, write_file
 
 COMMANDS = (Cindrel.getTalmatXml, Cindrel.getTaloptXml)
 
@@ -34,6 +34,32 @@ class ModuleTest(unittest.TestCase):
             for args in [(b"a.talmat",), (None,), (), ("a.talmat", "b.talmat")]:
                 with case(self, command=command.__name__, args=args), self.assertRaises(TypeError):
                     command(*args)
+
+    def test_keywords_path_like_objects_and_version(self):
+        full = self.path("habits.talmat", b"<habits/>")
+        self.assertEqual(Cindrel.getTalmatXml(path=full), "<habits/>")
+        for arguments in [dict(file=full), dict(path=full, extra=1)]:
+            with case(self, arguments=arguments), self.assertRaises(TypeError):
+                Cindrel.getTalmatXml(**arguments)
+        with self.assertRaises(TypeError):
+            Cindrel.getTalmatXml(full, path=full)
+        if sys.version_info >= (3, 6):
+            import pathlib
+
+            class BytesPath(object):
+                def __fspath__(self):
+                    return full.encode("utf-8")
+
+            self.assertEqual(Cindrel.getTalmatXml(pathlib.Path(full)), "<habits/>")
+            self.assertEqual(Cindrel.getTalmatXml(path=pathlib.PurePath(full)), "<habits/>")
+            with self.assertRaises(TypeError):
+                Cindrel.getTalmatXml(BytesPath())
+            # A path-like object of the wrong kind still answers null, as a str does.
+            with self.assertRaises(SystemError):
+                Cindrel.getTaloptXml(pathlib.Path(full))
+        self.assertIn("getTalmatXml", Cindrel.__doc__)
+        with open(os.path.join(SOURCE, "CMakeLists.txt")) as project:
+            self.assertIn("project(Cindrel VERSION %s " % Cindrel.__version__, project.read())
 
     def test_extension_routes_each_command(self):
         # Each path is taken by one command and refused by the other with a null result, which the

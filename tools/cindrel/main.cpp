@@ -71,7 +71,7 @@ ConversionOutcome convertFile(const InputFile& input, Utf8Output& output)
 // Why a path cannot be read, in the system's words.
 std::string unreadableReason(const fs::path& path)
 {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
+    std::FILE* file = std::fopen(path.string().c_str(), "rb");
     if (file == nullptr) return std::strerror(errno);
     std::fclose(file);
     std::error_code ec;
@@ -85,7 +85,7 @@ public:
     void show(std::size_t index, const fs::path& path)
     {
         if (!enabled) return;
-        std::fprintf(stderr, "\r\033[K[%zu/%zu] %s", index + 1, total, path.filename().c_str());
+        std::fprintf(stderr, "\r\033[K[%zu/%zu] %s", index + 1, total, path.filename().string().c_str());
         std::fflush(stderr);
     }
     void clear()
@@ -144,10 +144,10 @@ int run(const Settings& settings)
         if (settings.toDirectory) {
             target = outputPathFor(settings, input, usedOutputs);
             fs::create_directories(target.parent_path(), ec);
-            std::FILE* file = std::fopen(target.c_str(), "wb");
+            std::FILE* file = std::fopen(target.string().c_str(), "wb");
             if (file == nullptr) {
                 progress.clear();
-                std::fprintf(stderr, "cindrel: %s: cannot write: %s\n", target.c_str(), std::strerror(errno));
+                std::fprintf(stderr, "cindrel: %s: cannot write: %s\n", target.string().c_str(), std::strerror(errno));
                 failed = true;
                 continue;
             }
@@ -156,7 +156,7 @@ int run(const Settings& settings)
             const bool written = output.finish();
             if (std::fclose(file) != 0 || !written) {
                 progress.clear();
-                std::fprintf(stderr, "cindrel: %s: write failed\n", target.c_str());
+                std::fprintf(stderr, "cindrel: %s: write failed\n", target.string().c_str());
                 failed = true;
                 continue;
             }
@@ -178,7 +178,7 @@ int run(const Settings& settings)
         }
         if (settings.toDirectory) {
             progress.clear();
-            std::printf("%s -> %s (%s)\n", name.c_str(), target.c_str(), how);
+            std::printf("%s -> %s (%s)\n", name.c_str(), target.string().c_str(), how);
             std::fflush(stdout);
         }
     }
