@@ -2,13 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <vector>
 
 #include "archive/value_types.h"
 #include "options/options_base.h"
-#include "options/settings_rows.h"
+#include "records/settings_table.h"
 #include "options/talvex_frame_data.h"
 #include "options/talvex_nfb_stamp_info.h"
 #include "options/talvex_params.h"
@@ -35,8 +34,7 @@ public:
     std::u16string pluginType() const override { return u"AllOptions"; }
 
     bool isEqual(const AllOptions& other) const;
-
-    static std::span<const Setting<AllOptions>> settings();
+    bool operator==(const AllOptions& other) const { return isEqual(other); }
 
     TalvexParams params;
     TalvexFrameData frameData;
@@ -76,6 +74,7 @@ public:
     int32_t all_aux_int_2 = 0;
     int32_t specify_film_width = 0;
 
+    // The ten path buffers.
     PathBuffer img_file, nuimg_file;
     PathBuffer irradiance_file, irradiance_auto_save_file;
     PathBuffer light_cache_file, light_cache_auto_save_file;

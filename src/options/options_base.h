@@ -1,7 +1,7 @@
 // TalvexOptionsBase: the root of the render-options family, a record and an asset of type "settings".
 #pragma once
 
-#include "materials/serializable.h"
+#include "records/serializable.h"
 
 namespace TalvexCore {
 

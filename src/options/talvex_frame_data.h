@@ -2,12 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 
 #include "archive/value_types.h"
 #include "options/options_base.h"
 #include "options/plugin_base.h"
-#include "options/settings_rows.h"
 
 namespace NuvaUtils {
 
@@ -57,8 +55,7 @@ public:
     std::u16string pluginType() const override { return u"FrameData"; }
 
     bool isEqual(const TalvexFrameData& other) const;
-
-    static std::span<const Setting<NuvaUtils::NuvaFrameData>> settings();
+    bool operator==(const TalvexFrameData& other) const { return isEqual(other); }
 };
 
 }  // namespace TalvexCore

@@ -1,7 +1,7 @@
 #include "options/talvex_nfb_stamp_info.h"
 
 #include "archive/text_conversion.h"
-#include "materials/record_io.h"
+#include "records/record_io.h"
 
 namespace TalvexCore {
 

@@ -40,6 +40,7 @@ public:
     std::u16string pluginType() const override { return u"NFBStampInfo"; }
 
     bool isEqual(const TalvexNFBStampInfo& other) const;
+    bool operator==(const TalvexNFBStampInfo& other) const { return isEqual(other); }
 };
 
 }  // namespace TalvexCore

@@ -2,11 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 
 #include "options/options_base.h"
-#include "options/settings_rows.h"
 
 namespace NuvaUtils {
 
@@ -159,9 +157,7 @@ public:
     std::u16string pluginType() const override { return u"TalvexParams"; }
 
     bool isEqual(const TalvexParams& other) const;
-
-    // Every value in stored order, with its default, versions and place in the XML.
-    static std::span<const Setting<NuvaUtils::NuvaParams>> settings();
+    bool operator==(const TalvexParams& other) const { return isEqual(other); }
 };
 
 }  // namespace TalvexCore

@@ -105,7 +105,8 @@ TEST(AllOptions, APathIsCutAt2047Characters)
     stored.imageFile = std::string(3000, 'p');
     AllOptions o;
     ASSERT_TRUE(load(o, oldOptionsRecord(3, stored)));
-    EXPECT_EQ(o.img_file.text, std::u16string(2047, u'p'));
+    EXPECT_EQ(pathOf(o.img_file), std::u16string(2047, u'p'));
+    EXPECT_EQ(o.img_file[2047], 0);
 }
 
 // A damaged record fails cleanly: a channel count larger than the bytes left, a texture of an
@@ -140,7 +141,7 @@ TEST(AllOptions, NewestRecordRoundTrip)
     o.refract_tex = std::make_shared<AColorTexture>(AColor{0, 0, 1, 1});
     o.channels = {100, 117, 132};
     o.folder = u"//farm/jobs";
-    o.caustics_auto_save_file.text = u"caustics.vrpmap";
+    setPath(o.caustics_auto_save_file, u"caustics.vrpmap");
     o.all_aux_float_1 = 3;
     o.specify_film_width = 1;
 

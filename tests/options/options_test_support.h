@@ -77,6 +77,17 @@ inline ByteBuilder oldOptionsRecord(uint32_t version, const OldOptions& o, const
     return b;
 }
 
+inline void setPath(TalvexCore::PathBuffer& buffer, std::u16string_view text)
+{
+    buffer.fill(0);
+    std::copy(text.begin(), text.end(), buffer.begin());
+}
+
+inline std::u16string pathOf(const TalvexCore::PathBuffer& buffer)
+{
+    return std::u16string(TalvexCore::settings_detail::pathText(buffer));
+}
+
 template <class T>
 bool load(T& object, const ByteBuilder& bytes)
 {

@@ -91,7 +91,7 @@ TEST(OptionsXml, LabelsAndUserData)
 {
     AllOptions o;
     o.params.pm_auto_search_distance = 0;
-    o.nuimg_file.text = u"out/a&b.nuimg";
+    setPath(o.nuimg_file, u"out/a&b.nuimg");
     const std::string xml = xmlOf(o);
     const std::string output = groupXml(xml, "SettingsOutput");
     EXPECT_NE(output.find("<parameter type=\"string\" name=\"nuimg_file\" handler=\"FileBrowserHandler\" listType=\"none\" "
