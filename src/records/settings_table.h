@@ -26,7 +26,8 @@
 // four makers below: computedSetting (a parameter computed from others, shown only), migratedSetting
 // (a field that old versions store in another form: its own read, the rest as a plain field),
 // embeddedRecord (a member with a record of its own) and childSlot (an optional child object, shown
-// as a plugin reference with its asset ahead of the group's). A special's function replaces the plain
+// as a plugin reference; settingChildren lists a group's children for its asset frame, which writes
+// their assets ahead of the group's). A special's function replaces the plain
 // operation of the row; a null function leaves the plain operation, if the row has a field.
 #pragma once
 
@@ -40,6 +41,7 @@
 #include <type_traits>
 #include <utility>
 #include <variant>
+#include <vector>
 
 #include "archive/quick_archive.h"
 #include "archive/text_conversion.h"
@@ -447,24 +449,30 @@ void writeSettingParameters(Writer& writer, std::string_view group, const std::u
     }
 }
 
-// Writes the assets of the present children of `group`'s plugin rows, in XML position order, each
-// under the group's url, "/" and its suffix: they stand ahead of the group's own asset.
-template <class Writer, class... Holders>
-void writeSettingChildren(Writer& writer, std::string_view group, const std::u16string& assetUrl,
-                          BoundSettings<Holders>... tables)
+// A child that a group's plugin row names: the parameter, the word its url adds to the group's,
+// and the child, null when the slot is empty. The group's asset frame writes the present children's
+// assets ahead of the group's own.
+struct SettingChild {
+    std::string_view parameter;
+    std::string_view urlWord;
+    const TalvexXMLSerializable* child;
+};
+
+// The children of `group`'s plugin rows, in XML position order.
+template <class... Holders>
+std::vector<SettingChild> settingChildren(std::string_view group, BoundSettings<Holders>... tables)
 {
-    std::array<const TalvexXMLSerializable*, 256> children{};
-    std::array<std::string_view, 256> suffixes{};
+    std::vector<std::pair<uint8_t, SettingChild>> found;
     auto collect = [&](const auto& bound) {
-        for (const auto& row : bound.rows) {
-            if (row.group != group || row.form != Form::Plugin) continue;
-            children[row.position] = row.special->child(bound.holder);
-            suffixes[row.position] = row.special->childSuffix;
-        }
+        for (const auto& row : bound.rows)
+            if (row.group == group && row.form == Form::Plugin)
+                found.push_back({row.position, {row.name, row.special->childSuffix, row.special->child(bound.holder)}});
     };
     (collect(tables), ...);
-    for (std::size_t i = 0; i < children.size(); ++i)
-        if (children[i]) children[i]->writeXml(writer, settings_detail::childUrl(assetUrl, suffixes[i]));
+    std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<SettingChild> children;
+    for (const auto& entry : found) children.push_back(entry.second);
+    return children;
 }
 
 // Compile-time checks, for a static_assert beside the tables.

@@ -292,6 +292,11 @@ TEST(SettingsTable, GroupMergesHoldersInXmlOrder)
     writeSettingParameters(withChild, "SettingsLamp", u"/SettingsLamp", bindSettings(lampSettings, lamp),
                            bindSettings(roomSettings, room));
     EXPECT_NE(withChild.log.str().find("plugin shade /SettingsLamp/shade_tex/TexShade []\n"), std::string::npos);
+    const auto children = settingChildren("SettingsLamp", bindSettings(lampSettings, lamp), bindSettings(roomSettings, room));
+    ASSERT_EQ(children.size(), 1u);
+    EXPECT_EQ(children[0].parameter, "shade");
+    EXPECT_EQ(children[0].urlWord, "shade_tex");
+    EXPECT_EQ(children[0].child, lamp.shade.get());
 
     RecordingWriter other;
     writeSettingParameters(other, "SettingsElse", u"/SettingsElse", bindSettings(lampSettings, lamp));
