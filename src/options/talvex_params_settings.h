@@ -31,14 +31,8 @@ inline constexpr SpecialSetting<P> forcedSamplerType = migratedSetting<P>([](Qui
 });
 
 // The words around time_dependent have no field: written as 0 and 1.0, dropped on reading.
-inline constexpr SpecialSetting<P> reservedWordBefore = {
-    .read = [](QuickArchive& in, P&, uint16_t) { int32_t dropped = 0; in.readI32(dropped); return true; },
-    .write = [](QuickArchive& out, const P&) { out.writeI32(0); return true; },
-};
-inline constexpr SpecialSetting<P> reservedWordAfter = {
-    .read = [](QuickArchive& in, P&, uint16_t) { float dropped = 0; in.readF32(dropped); return true; },
-    .write = [](QuickArchive& out, const P&) { out.writeF32(1.0f); return true; },
-};
+inline constexpr SpecialSetting<P> reservedWordBefore = reservedWord<P, int32_t{0}>();
+inline constexpr SpecialSetting<P> reservedWordAfter = reservedWord<P, 1.0f>();
 
 // Stored order of the version 5 record. Rows of no version are held and shown, never stored; rows
 // of no group are stored, never shown; rows of neither are the parameters' internal defaults.
