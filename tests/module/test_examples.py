@@ -3,7 +3,9 @@ command's text."""
 from __future__ import unicode_literals
 
 import os
+import shutil
 import subprocess
+import tempfile
 import unittest
 
 import Cindrel
@@ -39,6 +41,22 @@ class ExampleLibrary(unittest.TestCase):
         self.assertIn('url="/Wood_Floor" >', xml)
         hand_written = os.path.join(EXAMPLES, "hand_written.talmat")
         self.assertEqual(Cindrel.getTalmatXml(hand_written), read_bytes(hand_written).decode("utf-8"))
+
+    def test_options_files_of_old_and_new_versions_give_22_settings_assets(self):
+        for name in ["options_v0.talopt", "options_v9.nuopt", "studio_settings.talopt"]:
+            xml = Cindrel.getTaloptXml(os.path.join(EXAMPLES, name))
+            self.assertTrue(xml.startswith("<talopt>\n  <Assets>\n"), name)
+            self.assertEqual(xml.count("<Assets>"), 22, name)
+            self.assertTrue(xml.endswith("  </Assets>\n</talopt>\n"), name)
+        # A record refused after its tag comes back as the file's text, up to its first zero byte.
+        tmp = tempfile.mkdtemp()
+        try:
+            damaged = os.path.join(tmp, "damaged.talopt")
+            with open(damaged, "wb") as f:
+                f.write(b"\x01\x00\x17\x00" + b"\x00\x00\x06\x00")
+            self.assertEqual(Cindrel.getTaloptXml(damaged), "\x01")
+        finally:
+            shutil.rmtree(tmp)
 
 
 if __name__ == "__main__":
