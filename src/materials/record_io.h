@@ -39,10 +39,13 @@ bool readChild(QuickArchive& in, std::shared_ptr<T>& child)
     return !present || readRequiredChild(in, child);
 }
 
+// Writing refuses the depth that reading refuses, so that a saved file always loads again.
 template <class T>
 bool writeRequiredChild(QuickArchive& out, const std::shared_ptr<T>& child)
 {
     if (!child) return false;
+    const QuickArchive::NestingGuard guard(out);
+    if (!guard) return false;
     out.writeU32(child->typeId());
     return child->writeBinary(out);
 }

@@ -1,0 +1,49 @@
+// MaterialOverrideEnvironment: a base material that sees another environment in GI, background,
+// reflection and refraction.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "materials/base_material.h"
+#include "materials/material_rows.h"
+
+namespace TalvexCore {
+
+class MaterialOverrideEnvironment : public BaseMaterial {
+public:
+    MaterialPtr base_mtl;
+    TexturePtr gi_tex;
+    TexturePtr bg_tex;
+    TexturePtr reflect_tex;
+    TexturePtr refract_tex;
+    Color gi_color{};
+    Color bg_color{};
+    Color reflect_color{};
+    Color refract_color{};
+    float bg_tex_mult = 1;
+    float gi_tex_mult = 1;
+    float reflect_tex_mult = 1;
+    float refract_tex_mult = 1;
+    bool override_bg = false;
+    bool override_gi = false;
+    bool override_reflect = false;
+    bool override_refract = false;
+
+    bool writeBinary(QuickArchive& out) const override;
+    bool readBinary(QuickArchive& in) override;
+    uint32_t typeId() const override { return 8; }
+    void resetDefaults() override;
+    MaterialPtr clone() const override;
+    MaterialPtr cloneSameName() const override;
+    bool isEqual(const MaterialPtr& other) const override;
+
+    // No asset of its own: the base material's, under the url it was given.
+    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
+    std::u16string pluginType() const override { return u"MtlOverrideEnvironment"; }
+
+    static std::span<const RecordRow<MaterialOverrideEnvironment>> recordRows();
+};
+
+}  // namespace TalvexCore
