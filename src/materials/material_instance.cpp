@@ -1,7 +1,7 @@
 #include "materials/material_instance.h"
 
 #include "archive/quick_archive.h"
-#include "materials/record_io.h"
+#include "records/record_io.h"
 
 namespace TalvexCore {
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,12 +35,15 @@ public:
     void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
     std::u16string pluginType() const override { return u"MtlTALVEX"; }
 
-    // Each layer's asset under `url`, in order.
-    void writeLayerAssets(AssetXmlWriter& writer, const std::u16string& url) const;
-    // The list "brdfs": one entry per layer, `url` + "/" + the layer's name.
-    void writeLayerList(AssetXmlWriter& writer, const std::u16string& url) const;
+    // The layers' assets, then this material's own, at exactly `url`: inside a wrapper or the scene
+    // set under its own name, in the standard layout under the outermost material's, where the
+    // wrappers found around it add their parameters behind the list of layers.
+    void writeAsset(AssetXmlWriter& writer, const std::u16string& url,
+                    const std::function<void()>& moreParameters = nullptr) const;
 
 private:
+    // The list "brdfs": one entry per layer, `url` + "/" + the layer's name.
+    void writeLayerList(AssetXmlWriter& writer, const std::u16string& url) const;
     std::shared_ptr<MaterialLayeredBRDF> copyWithClonedLayers() const;
 };
 

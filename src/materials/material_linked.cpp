@@ -1,8 +1,8 @@
 #include "materials/material_linked.h"
 
 #include "archive/quick_archive.h"
-#include "archive/wide_text.h"
-#include "materials/record_io.h"
+#include "archive/name_compare.h"
+#include "records/record_io.h"
 #include "materials/scene_materials.h"
 
 namespace TalvexCore {

@@ -1,9 +1,9 @@
 #include "materials/material_reference.h"
 
 #include "archive/quick_archive.h"
-#include "archive/wide_text.h"
+#include "archive/name_compare.h"
 #include "materials/material_search.h"
-#include "materials/record_io.h"
+#include "records/record_io.h"
 #include "materials/scene_materials.h"
 
 namespace TalvexCore {

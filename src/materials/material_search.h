@@ -19,7 +19,7 @@ constexpr int maximumMaterialDepth = QuickArchive::MaxNesting;
 
 // A walk through inner materials visits at most this many: through the scene, references can reach
 // the same wrappers again and again, and a walk must end in time all the same.
-constexpr long maximumMaterialVisits = 1L << 20;
+constexpr long maximumMaterialVisits = 1L << 16;
 
 // Counts the depth of the walks through inner materials on this thread, and the steps of the
 // outermost walk; false past either maximum.

@@ -1,6 +1,6 @@
 #include "materials/wrapper_fields.h"
 
-#include "archive/wide_text.h"
+#include "archive/name_compare.h"
 
 namespace TalvexCore {
 

@@ -16,7 +16,7 @@
 #include "materials/base_material.h"
 #include "materials/material_rows.h"
 #include "materials/material_search.h"
-#include "materials/record_io.h"
+#include "records/record_io.h"
 #include "materials/scene_materials.h"
 #include "textures/base_texture.h"
 #include "xml/asset_xml_writer.h"

@@ -6,15 +6,16 @@
 #include <memory>
 #include <string>
 
-#include "archive/tal_mat_file.h"
 #include "legacy_examples.h"
+#include "wrapper_examples.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/glass_brdf.h"
+#include "materials/glossy_brdf.h"
 #include "materials/light_brdf.h"
 #include "materials/material_layered_brdf.h"
 #include "materials/material_single_brdf.h"
 #include "materials/mirror_brdf.h"
-#include "materials/phong_blinn_brdf.h"
+#include "materials/tal_mat_file.h"
 #include "textures/acolor_texture.h"
 #include "textures/bitmap_buffer.h"
 #include "textures/bitmap_texture.h"
@@ -29,8 +30,8 @@
 #include "textures/invert_texture.h"
 #include "textures/noise_texture.h"
 #include "textures/ramp_texture.h"
+#include "textures/space_uvw.h"
 #include "textures/uvw_texture.h"
-#include "textures/world_object_uvw.h"
 
 namespace fs = std::filesystem;
 using namespace TalvexCore;
@@ -249,6 +250,10 @@ int main(int argc, char** argv)
     ok &= save(dir / "single_layer.talmat", {singleLayer(), woodFloor()});
     MakeExamples::writeOldRecordsFile(dir / "old_records.talmat");
     MakeExamples::writeOldContainerFiles(dir);
+    ok &= MakeExamples::writeWrapperChainsFile(dir / "wrapper_chains.talmat");
+    ok &= MakeExamples::writeReferencesFile(dir / "references.talmat");
+    ok &= MakeExamples::writeOwnLayoutsFile(dir / "own_layouts.numat");
+    MakeExamples::writeOldWrapperRecordsFile(dir / "old_wrappers.talmat");
     writeText(dir / "hand_written.talmat",
               "<talmat>\r\n  <Assets>\r\n    <!-- written by hand: passes through as text -->\r\n"
               "  </Assets>\r\n</talmat>\r\n");

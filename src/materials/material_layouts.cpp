@@ -1,4 +1,4 @@
-#include "xml/material_layouts.h"
+#include "materials/material_layouts.h"
 
 #include <array>
 #include <type_traits>
@@ -206,16 +206,9 @@ void writeStandardLayout(AssetXmlWriter& writer, const MaterialPtr& given)
     }
 
     for (const auto& [block, wrapper] : found) block->textures(writer, *wrapper, url);
-    layered.writeLayerAssets(writer, url);
-    writer.openAsset(url, layered.assetType(), "defnumat");
-    writer.openPlugin(layered.pluginType(), layered.assetType());
-    writer.openParameters();
-    writer.writeInt("double_sided", static_cast<int32_t>(layered.double_sided));
-    layered.writeLayerList(writer, url);
-    for (const auto& [block, wrapper] : found) block->parameters(writer, *wrapper, url);
-    writer.closeParameters();
-    writer.closePlugin();
-    writer.closeAsset();
+    layered.writeAsset(writer, url, [&] {
+        for (const auto& [block, wrapper] : found) block->parameters(writer, *wrapper, url);
+    });
 }
 
 std::u16string layerGroupName(uint32_t group)
