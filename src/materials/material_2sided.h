@@ -10,7 +10,7 @@
 
 namespace TalvexCore {
 
-class Material2Sided : public BaseMaterial {
+class Material2Sided : public RowMaterial<Material2Sided> {
 public:
     MaterialPtr front;
     MaterialPtr back;
@@ -22,17 +22,11 @@ public:
     float transparency_tex_mult = 1;
     bool force_1sided = false;
 
-    bool writeBinary(QuickArchive& out) const override;
-    bool readBinary(QuickArchive& in) override;
-    uint32_t typeId() const override { return 5; }
-    void resetDefaults() override;
-    MaterialPtr clone() const override;
-    MaterialPtr cloneSameName() const override;
-    bool isEqual(const MaterialPtr& other) const override;
-
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"Mtl2Sided"; }
-
+    static constexpr uint32_t classTypeId = 5;
+    static constexpr const char16_t* plugin = u"Mtl2Sided";
+    static constexpr uint32_t newestVersion = 3;
+    static constexpr LoadReset loadReset = LoadReset::None;
+    static constexpr TextureCopy textureCopy = TextureCopy::Share;
     static std::span<const RecordRow<Material2Sided>> recordRows();
     // The parameters of its own asset.
     static std::span<const XmlRow<Material2Sided>> xmlRows();

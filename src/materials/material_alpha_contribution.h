@@ -10,24 +10,18 @@
 
 namespace TalvexCore {
 
-class MaterialAlphaContribution : public BaseMaterial {
+class MaterialAlphaContribution : public RowMaterial<MaterialAlphaContribution> {
 public:
     MaterialPtr base_mtl;
     TexturePtr alpha_tex;
     float alpha_tex_mult = 1;
     float alpha = 1;
 
-    bool writeBinary(QuickArchive& out) const override;
-    bool readBinary(QuickArchive& in) override;
-    uint32_t typeId() const override { return 11; }
-    void resetDefaults() override;
-    MaterialPtr clone() const override;
-    MaterialPtr cloneSameName() const override;
-    bool isEqual(const MaterialPtr& other) const override;
-
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"MtlAlphaContribution"; }
-
+    static constexpr uint32_t classTypeId = 11;
+    static constexpr const char16_t* plugin = u"MtlAlphaContribution";
+    static constexpr uint32_t newestVersion = 1;
+    static constexpr LoadReset loadReset = LoadReset::AfterTag;
+    static constexpr TextureCopy textureCopy = TextureCopy::Clone;
     static std::span<const RecordRow<MaterialAlphaContribution>> recordRows();
     // The parameters of its own asset.
     static std::span<const XmlRow<MaterialAlphaContribution>> xmlRows();

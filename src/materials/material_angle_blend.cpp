@@ -22,23 +22,8 @@ const XmlRow<M> xmlTable[] = {
 
 std::span<const RecordRow<M>> M::recordRows() { return recordTable; }
 
-bool M::writeBinary(QuickArchive& out) const { return writeRecordRows(out, *this, recordRows(), 1); }
-
-bool M::readBinary(QuickArchive& in) { return readWrapper(in, *this, {1}, LoadReset::AfterTag); }
-
-void M::resetDefaults() { resetFieldsKeepingBase(*this); }
-
-MaterialPtr M::clone() const { return cloneWrapper(*this, InnerCopy::Clone); }
-
-MaterialPtr M::cloneSameName() const { return cloneWrapper(*this, InnerCopy::SameName); }
-
-bool M::isEqual(const MaterialPtr& other) const { return rowsEqual(*this, other); }
-
 std::span<const XmlRow<M>> M::xmlRows() { return xmlTable; }
 
-void M::writeXml(AssetXmlWriter& writer, std::u16string url) const
-{
-    writeWrapperXml(writer, *this, std::move(url), xmlRows());
-}
+template class RowMaterial<M>;
 
 }  // namespace TalvexCore

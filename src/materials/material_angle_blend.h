@@ -10,24 +10,18 @@
 
 namespace TalvexCore {
 
-class MaterialAngleBlend : public BaseMaterial {
+class MaterialAngleBlend : public RowMaterial<MaterialAngleBlend> {
 public:
     MaterialPtr mtl_one;
     MaterialPtr mtl_two;
     float start_angle = 75;
     float stop_angle = 150;
 
-    bool writeBinary(QuickArchive& out) const override;
-    bool readBinary(QuickArchive& in) override;
-    uint32_t typeId() const override { return 12; }
-    void resetDefaults() override;
-    MaterialPtr clone() const override;
-    MaterialPtr cloneSameName() const override;
-    bool isEqual(const MaterialPtr& other) const override;
-
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"MtlAngleBlend"; }
-
+    static constexpr uint32_t classTypeId = 12;
+    static constexpr const char16_t* plugin = u"MtlAngleBlend";
+    static constexpr uint32_t newestVersion = 1;
+    static constexpr LoadReset loadReset = LoadReset::AfterTag;
+    static constexpr TextureCopy textureCopy = TextureCopy::Clone;
     static std::span<const RecordRow<MaterialAngleBlend>> recordRows();
     // The parameters of its own asset.
     static std::span<const XmlRow<MaterialAngleBlend>> xmlRows();

@@ -36,8 +36,6 @@ bool readResetMaterial(QuickArchive& in, MaterialPtr& slot)
 
 std::span<const RecordRow<M>> M::recordRows() { return recordTable; }
 
-bool M::writeBinary(QuickArchive& out) const { return writeRecordRows(out, *this, recordRows(), 3); }
-
 // No version resets the fields first. Versions 1 and 2 stored a bare name where version 3 stores the
 // base record, and version 1 a file path for the texture.
 bool M::readBinary(QuickArchive& in)
@@ -63,17 +61,8 @@ void M::resetDefaults()
     resetBaseDefaults();
 }
 
-MaterialPtr M::clone() const { return cloneWrapper(*this, InnerCopy::Clone); }
-
-MaterialPtr M::cloneSameName() const { return cloneWrapper(*this, InnerCopy::SameName); }
-
-bool M::isEqual(const MaterialPtr& other) const { return rowsEqual(*this, other); }
-
 std::span<const XmlRow<M>> M::xmlRows() { return xmlTable; }
 
-void M::writeXml(AssetXmlWriter& writer, std::u16string url) const
-{
-    writeWrapperXml(writer, *this, std::move(url), xmlRows());
-}
+template class RowMaterial<M>;
 
 }  // namespace TalvexCore

@@ -10,26 +10,25 @@
 
 namespace TalvexCore {
 
-class MaterialBump : public BaseMaterial {
+class MaterialBump : public RowMaterial<MaterialBump> {
 public:
     MaterialPtr base_mtl;  // stored with no presence byte: a bump cannot be saved without it
     TexturePtr bump_tex;
     float bump_tex_mult = 1;
 
-    bool writeBinary(QuickArchive& out) const override;
-    bool readBinary(QuickArchive& in) override;
-    uint32_t typeId() const override { return 3; }
-    void resetDefaults() override;
-    MaterialPtr clone() const override;
-    MaterialPtr cloneSameName() const override;
-    bool isEqual(const MaterialPtr& other) const override;
-
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"MtlBump"; }
-
+    static constexpr uint32_t classTypeId = 3;
+    static constexpr const char16_t* plugin = u"MtlBump";
+    static constexpr uint32_t newestVersion = 3;
+    static constexpr LoadReset loadReset = LoadReset::None;
+    static constexpr TextureCopy textureCopy = TextureCopy::Clone;
     static std::span<const RecordRow<MaterialBump>> recordRows();
     // The parameters of its own asset.
     static std::span<const XmlRow<MaterialBump>> xmlRows();
+
+    // No version resets the fields first; versions 1 and 2 are read by hand.
+    bool readBinary(QuickArchive& in) override;
+    // The one wrapper whose reset also takes a new name and drops the uuid.
+    void resetDefaults() override;
 };
 
 }  // namespace TalvexCore

@@ -19,23 +19,13 @@ const RecordRow<M> recordTable[] = {
 
 std::span<const RecordRow<M>> M::recordRows() { return recordTable; }
 
-bool M::writeBinary(QuickArchive& out) const { return writeRecordRows(out, *this, recordRows(), 2); }
-
-bool M::readBinary(QuickArchive& in) { return readWrapper(in, *this, {1, 2}, LoadReset::AfterTag); }
-
-void M::resetDefaults() { resetFieldsKeepingBase(*this); }
-
-MaterialPtr M::clone() const { return cloneWrapper(*this, InnerCopy::Clone); }
-
-MaterialPtr M::cloneSameName() const { return cloneWrapper(*this, InnerCopy::SameName); }
-
-bool M::isEqual(const MaterialPtr& other) const { return rowsEqual(*this, other); }
-
 // No asset of its own: what it adds reaches the XML through the standard asset only.
 void M::writeXml(AssetXmlWriter& writer, std::u16string url) const
 {
     url += u"/" + name;
     writeInnerXml(writer, base_mtl, url);
 }
+
+template class RowMaterial<M>;
 
 }  // namespace TalvexCore

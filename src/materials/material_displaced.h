@@ -10,7 +10,7 @@
 
 namespace TalvexCore {
 
-class MaterialDisplaced : public BaseMaterial {
+class MaterialDisplaced : public RowMaterial<MaterialDisplaced> {
 public:
     MaterialPtr base_mtl;
     TexturePtr displace_tex;
@@ -22,18 +22,15 @@ public:
     uint32_t displace_view_dependent = 1;
     uint32_t displace_use_globals = 1;
 
-    bool writeBinary(QuickArchive& out) const override;
-    bool readBinary(QuickArchive& in) override;
-    uint32_t typeId() const override { return 9; }
-    void resetDefaults() override;
-    MaterialPtr clone() const override;
-    MaterialPtr cloneSameName() const override;
-    bool isEqual(const MaterialPtr& other) const override;
-
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"MtlDisplaced"; }
-
+    static constexpr uint32_t classTypeId = 9;
+    static constexpr const char16_t* plugin = u"MtlDisplaced";
+    static constexpr uint32_t newestVersion = 2;
+    static constexpr LoadReset loadReset = LoadReset::AfterTag;
+    static constexpr TextureCopy textureCopy = TextureCopy::Clone;
     static std::span<const RecordRow<MaterialDisplaced>> recordRows();
+
+    // No asset of its own: the base material's, under this material's url.
+    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
 };
 
 }  // namespace TalvexCore

@@ -10,24 +10,18 @@
 
 namespace TalvexCore {
 
-class MaterialObjectExclusion : public BaseMaterial {
+class MaterialObjectExclusion : public RowMaterial<MaterialObjectExclusion> {
 public:
     MaterialPtr base_mtl;
     uint32_t mode = 0;
     NameList objects;  // compared without regard to case, in list order
     bool short_circuit = true;
 
-    bool writeBinary(QuickArchive& out) const override;
-    bool readBinary(QuickArchive& in) override;
-    uint32_t typeId() const override { return 10; }
-    void resetDefaults() override;
-    MaterialPtr clone() const override;
-    MaterialPtr cloneSameName() const override;
-    bool isEqual(const MaterialPtr& other) const override;
-
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"MtlObjectExclusion"; }
-
+    static constexpr uint32_t classTypeId = 10;
+    static constexpr const char16_t* plugin = u"MtlObjectExclusion";
+    static constexpr uint32_t newestVersion = 3;
+    static constexpr LoadReset loadReset = LoadReset::AfterTag;
+    static constexpr TextureCopy textureCopy = TextureCopy::Clone;
     static std::span<const RecordRow<MaterialObjectExclusion>> recordRows();
     // The parameters of its own asset.
     static std::span<const XmlRow<MaterialObjectExclusion>> xmlRows();

@@ -22,19 +22,9 @@ const RecordRow<M> recordTable[] = {
 
 std::span<const RecordRow<M>> M::recordRows() { return recordTable; }
 
-bool M::writeBinary(QuickArchive& out) const { return writeRecordRows(out, *this, recordRows(), 1); }
-
-bool M::readBinary(QuickArchive& in) { return readWrapper(in, *this, {1}, LoadReset::AfterTag); }
-
-void M::resetDefaults() { resetFieldsKeepingBase(*this); }
-
-MaterialPtr M::clone() const { return cloneWrapper(*this, InnerCopy::Clone); }
-
-MaterialPtr M::cloneSameName() const { return cloneWrapper(*this, InnerCopy::SameName); }
-
-bool M::isEqual(const MaterialPtr& other) const { return rowsEqual(*this, other); }
-
 // Unlike the displaced material it adds no name to the url.
 void M::writeXml(AssetXmlWriter& writer, std::u16string url) const { writeInnerXml(writer, base_mtl, url); }
+
+template class RowMaterial<M>;
 
 }  // namespace TalvexCore

@@ -11,7 +11,7 @@
 
 namespace TalvexCore {
 
-class MaterialOverrideEnvironment : public BaseMaterial {
+class MaterialOverrideEnvironment : public RowMaterial<MaterialOverrideEnvironment> {
 public:
     MaterialPtr base_mtl;
     TexturePtr gi_tex;
@@ -31,19 +31,15 @@ public:
     bool override_reflect = false;
     bool override_refract = false;
 
-    bool writeBinary(QuickArchive& out) const override;
-    bool readBinary(QuickArchive& in) override;
-    uint32_t typeId() const override { return 8; }
-    void resetDefaults() override;
-    MaterialPtr clone() const override;
-    MaterialPtr cloneSameName() const override;
-    bool isEqual(const MaterialPtr& other) const override;
+    static constexpr uint32_t classTypeId = 8;
+    static constexpr const char16_t* plugin = u"MtlOverrideEnvironment";
+    static constexpr uint32_t newestVersion = 1;
+    static constexpr LoadReset loadReset = LoadReset::AfterTag;
+    static constexpr TextureCopy textureCopy = TextureCopy::Clone;
+    static std::span<const RecordRow<MaterialOverrideEnvironment>> recordRows();
 
     // No asset of its own: the base material's, under the url it was given.
     void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"MtlOverrideEnvironment"; }
-
-    static std::span<const RecordRow<MaterialOverrideEnvironment>> recordRows();
 };
 
 }  // namespace TalvexCore

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
+#include <memory>
 #include <span>
 #include <string>
 #include <variant>
@@ -46,6 +48,40 @@ struct XmlRow {
     const char* urlWord = nullptr;
 
     const char* word() const { return urlWord ? urlWord : name; }
+};
+
+
+// Whether a class's loader puts its fields back to their defaults right behind the tag.
+enum class LoadReset { None, AfterTag };
+// Whether copies clone the textures or share them with the source.
+enum class TextureCopy { Clone, Share };
+
+// The operations of a material class whose fields are rows, written once for all of them. The class
+// `M` derives from RowMaterial<M> and gives recordRows() and xmlRows(), and the constants
+// classTypeId, plugin, newestVersion, knownVersions, loadReset and textureCopy. A class whose record
+// or asset is irregular overrides the operation concerned. The operations are defined beside the
+// walkers of the rows, and each class instantiates them in its own source file.
+template <class M>
+class RowMaterial : public BaseMaterial {
+public:
+    bool writeBinary(QuickArchive& out) const override;
+    bool readBinary(QuickArchive& in) override;
+    uint32_t typeId() const override { return M::classTypeId; }
+    // The fields of the table back to their defaults; the name and the uuid stay.
+    void resetDefaults() override;
+    // Inner materials cloned under new names, textures cloned or shared, the copy named anew.
+    MaterialPtr clone() const override;
+    // Inner materials copied under their names, textures cloned or shared, the source's name.
+    MaterialPtr cloneSameName() const override;
+    // Same class; each inner material and texture equal or both empty; every value equal.
+    bool isEqual(const MaterialPtr& other) const override;
+    // Inner materials, textures, then its own asset with the parameters of xmlRows().
+    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
+    std::u16string pluginType() const override { return M::plugin; }
+
+private:
+    const M& self() const { return static_cast<const M&>(*this); }
+    M& self() { return static_cast<M&>(*this); }
 };
 
 }  // namespace TalvexCore

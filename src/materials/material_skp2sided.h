@@ -10,23 +10,17 @@
 
 namespace TalvexCore {
 
-class MaterialSkp2Sided : public BaseMaterial {
+class MaterialSkp2Sided : public RowMaterial<MaterialSkp2Sided> {
 public:
     MaterialPtr front;
     MaterialPtr back;
     bool force_1sided = false;
 
-    bool writeBinary(QuickArchive& out) const override;
-    bool readBinary(QuickArchive& in) override;
-    uint32_t typeId() const override { return 7; }
-    void resetDefaults() override;
-    MaterialPtr clone() const override;
-    MaterialPtr cloneSameName() const override;
-    bool isEqual(const MaterialPtr& other) const override;
-
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"MtlSkp2Sided"; }
-
+    static constexpr uint32_t classTypeId = 7;
+    static constexpr const char16_t* plugin = u"MtlSkp2Sided";
+    static constexpr uint32_t newestVersion = 1;
+    static constexpr LoadReset loadReset = LoadReset::None;
+    static constexpr TextureCopy textureCopy = TextureCopy::Clone;
     static std::span<const RecordRow<MaterialSkp2Sided>> recordRows();
     // The parameters of its own asset.
     static std::span<const XmlRow<MaterialSkp2Sided>> xmlRows();

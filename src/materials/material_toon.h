@@ -10,7 +10,7 @@
 
 namespace TalvexCore {
 
-class MaterialToon : public BaseMaterial {
+class MaterialToon : public RowMaterial<MaterialToon> {
 public:
     MaterialPtr base_mtl;
     Color color{};
@@ -34,21 +34,17 @@ public:
     bool do_silhouette_mult = false;
     float silhouette_mult = 1.5f;
 
-    bool writeBinary(QuickArchive& out) const override;
-    bool readBinary(QuickArchive& in) override;
-    uint32_t typeId() const override { return 14; }
-    void resetDefaults() override;
-    MaterialPtr clone() const override;
-    // Keeps this name, yet the inner material takes a new one: it is cloned, not copied by name.
-    MaterialPtr cloneSameName() const override;
-    bool isEqual(const MaterialPtr& other) const override;
-
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"MtlToon"; }
-
+    static constexpr uint32_t classTypeId = 14;
+    static constexpr const char16_t* plugin = u"MtlToon";
+    static constexpr uint32_t newestVersion = 2;
+    static constexpr LoadReset loadReset = LoadReset::AfterTag;
+    static constexpr TextureCopy textureCopy = TextureCopy::Clone;
     static std::span<const RecordRow<MaterialToon>> recordRows();
     // The parameters of its own asset.
     static std::span<const XmlRow<MaterialToon>> xmlRows();
+
+    // Keeps this name, yet the inner material takes a new one: it is cloned, not copied by name.
+    MaterialPtr cloneSameName() const override;
 };
 
 }  // namespace TalvexCore

@@ -83,14 +83,11 @@ bool writeRecordRows(QuickArchive& out, const M& self, std::span<const RecordRow
     return true;
 }
 
-// Whether a class's loader puts its fields back to their defaults right behind the tag.
-enum class LoadReset { None, AfterTag };
-
-// A record of any version in `known`: the tag, then the rows of that version.
+// A record of any version up to `newest`: the tag, then the rows of that version.
 template <class M>
-bool readWrapper(QuickArchive& in, M& self, std::initializer_list<uint32_t> known, LoadReset reset)
+bool readWrapper(QuickArchive& in, M& self, uint32_t newest, LoadReset reset)
 {
-    const auto version = readVersion(in, known);
+    const auto version = readVersionUpTo(in, newest);
     if (reset == LoadReset::AfterTag) self.resetDefaults();
     return version && readRecordRows(in, self, M::recordRows(), *version);
 }
@@ -106,7 +103,6 @@ void resetFieldsKeepingBase(M& self)
 }
 
 enum class InnerCopy { Clone, SameName };
-enum class TextureCopy { Clone, Share };
 
 // A copy whose inner materials are copied the way `inner` says and whose textures are cloned or
 // shared; the copy keeps the source's name and has no uuid.
@@ -226,6 +222,48 @@ void writeWrapperXml(AssetXmlWriter& writer, const M& self, std::u16string url, 
     writer.closeParameters();
     writer.closePlugin();
     writer.closeAsset();
+}
+
+template <class M>
+bool RowMaterial<M>::writeBinary(QuickArchive& out) const
+{
+    return writeRecordRows(out, self(), M::recordRows(), M::newestVersion);
+}
+
+template <class M>
+bool RowMaterial<M>::readBinary(QuickArchive& in)
+{
+    return readWrapper(in, self(), M::newestVersion, M::loadReset);
+}
+
+template <class M>
+void RowMaterial<M>::resetDefaults()
+{
+    resetFieldsKeepingBase(self());
+}
+
+template <class M>
+MaterialPtr RowMaterial<M>::clone() const
+{
+    return cloneWrapper(self(), InnerCopy::Clone, M::textureCopy);
+}
+
+template <class M>
+MaterialPtr RowMaterial<M>::cloneSameName() const
+{
+    return cloneWrapper(self(), InnerCopy::SameName, M::textureCopy);
+}
+
+template <class M>
+bool RowMaterial<M>::isEqual(const MaterialPtr& other) const
+{
+    return rowsEqual(self(), other);
+}
+
+template <class M>
+void RowMaterial<M>::writeXml(AssetXmlWriter& writer, std::u16string url) const
+{
+    if constexpr (requires { M::xmlRows(); }) writeWrapperXml(writer, self(), std::move(url), M::xmlRows());
 }
 
 }  // namespace TalvexCore

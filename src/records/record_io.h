@@ -13,6 +13,8 @@ namespace TalvexCore {
 
 // Reads a tag; gives its version when the low half is zero and the version is one of `known`.
 std::optional<uint32_t> readVersion(QuickArchive& in, std::initializer_list<uint32_t> known);
+// The same for a record that has known every version from 1 to `newest`.
+std::optional<uint32_t> readVersionUpTo(QuickArchive& in, uint32_t newest);
 // Writes the tag of a version.
 inline void writeVersion(QuickArchive& out, uint32_t version) { out.writeU32(tagOf(version)); }
 
