@@ -23,10 +23,10 @@ void MaterialMulti::resetDefaults()
 bool MaterialMulti::writeBinary(QuickArchive& out) const
 {
     writeVersion(out, 2);
-    out.writeCount(materials.size());
-    for (const MaterialPtr& material : materials)
-        if (!writeRequiredChild(out, material)) return false;
-    return writeBaseRecord(out);
+    const bool listed = writeCountedList(out, materials, [&](const MaterialPtr& material) {
+        return writeRequiredChild(out, material);
+    });
+    return listed && writeBaseRecord(out);
 }
 
 // Version 1 ends in a bare name where version 2 holds the base record.
@@ -34,14 +34,13 @@ bool MaterialMulti::readBinary(QuickArchive& in)
 {
     const auto version = readVersion(in, {1, 2});
     if (!version) return false;
-    uint64_t count = 0;
-    in.readCount(count);
-    if (!in.countFits(count, minimumMaterialBytes)) return false;
-    for (uint64_t i = 0; i < count; ++i) {
+    const bool listed = readCountedList(in, minimumMaterialBytes, [&] {
         MaterialPtr material;
         if (!readRequiredChild(in, material)) return false;
         materials.push_back(material);
-    }
+        return true;
+    });
+    if (!listed) return false;
     if (*version == 2) return readBaseRecord(in);
     readBareName(in);
     return true;

@@ -13,18 +13,19 @@ constexpr uint64_t minimumNameBytes = 4;
 
 bool readNames(QuickArchive& in, NameList& names)
 {
-    uint64_t count = 0;
-    in.readCount(count);
-    if (!in.countFits(count, minimumNameBytes)) return false;
-    names.assign(count, {});
-    for (std::u16string& name : names) in.readWString(name);
-    return true;
+    names.clear();
+    return readCountedList(in, minimumNameBytes, [&] {
+        in.readWString(names.emplace_back());
+        return true;
+    });
 }
 
 void writeNames(QuickArchive& out, const NameList& names)
 {
-    out.writeCount(names.size());
-    for (const std::u16string& name : names) out.writeWString(name);
+    writeCountedList(out, names, [&](const std::u16string& name) {
+        out.writeWString(name);
+        return true;
+    });
 }
 
 bool namesEqual(const NameList& a, const NameList& b)
