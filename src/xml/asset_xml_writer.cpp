@@ -2,6 +2,7 @@
 
 #include "materials/base_material.h"
 #include "materials/transform_components.h"
+#include "scene/base_light.h"
 #include "textures/base_bitmap.h"
 #include "textures/base_texture.h"
 #include "textures/base_uvw.h"
@@ -299,6 +300,18 @@ void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseUVW>& r
 
 void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseBitmap>& ref, XmlText url, XmlText label)
 {
+    pluginReference(name, ref != nullptr, url, ref ? ref->pluginType() : std::u16string(), label);
+}
+
+void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseLight>& ref, XmlText url, XmlText label)
+{
+    if (ref && ref->typeId() == 5) {
+        parameterHead("plugin", name, "default", "none", label, false);
+        inlineValueStart();
+        appendEscaped(url);
+        inlineValueEnd();
+        return;
+    }
     pluginReference(name, ref != nullptr, url, ref ? ref->pluginType() : std::u16string(), label);
 }
 

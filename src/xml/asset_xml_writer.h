@@ -17,6 +17,7 @@ class BaseTexture;
 class BaseMaterial;
 class BaseUVW;
 class BaseBitmap;
+class BaseLight;
 class TransformComponents;
 
 // Appends text to a wide string; it builds no tree and checks no balance, so the caller's order
@@ -57,6 +58,8 @@ public:
     void writePlugin(XmlText name, const std::shared_ptr<BaseMaterial>& ref, XmlText url, XmlText label = {});
     void writePlugin(XmlText name, const std::shared_ptr<BaseUVW>& ref, XmlText url, XmlText label = {});
     void writePlugin(XmlText name, const std::shared_ptr<BaseBitmap>& ref, XmlText url, XmlText label = {});
+    // A sun's url names it whole, with nothing behind it.
+    void writePlugin(XmlText name, const std::shared_ptr<BaseLight>& ref, XmlText url, XmlText label = {});
 
     void writeColor(XmlText name, const Color& value, XmlText label = {});
     void writeAColor(XmlText name, const AColor& value, XmlText label = {});
