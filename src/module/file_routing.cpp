@@ -3,9 +3,9 @@
 #include <cstring>
 #include <fstream>
 
+#include "archive/name_compare.h"
 #include "archive/stream_bytes.h"
 #include "archive/text_conversion.h"
-#include "archive/wide_text.h"
 
 namespace TalvexCore {
 

@@ -4,8 +4,8 @@
 #include <iterator>
 
 #include "archive/quick_archive.h"
-#include "materials/record_io.h"
-#include "materials/shared_constants.h"
+#include "records/record_io.h"
+#include "records/shared_constants.h"
 
 namespace TalvexCore {
 

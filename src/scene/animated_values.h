@@ -6,7 +6,7 @@
 #include <string>
 
 #include "archive/value_types.h"
-#include "materials/serializable.h"
+#include "records/serializable.h"
 
 namespace TalvexCore {
 

@@ -2,7 +2,7 @@
 
 #include <tuple>
 
-#include "materials/record_io.h"
+#include "records/record_io.h"
 #include "scene/light_record.h"
 #include "scene/light_xml.h"
 
@@ -35,7 +35,7 @@ bool IESLight::isEqual(const LightPtr& other) const
 
 void IESLight::writeXml(AssetXmlWriter& writer, std::u16string url) const
 {
-    const LightXml xml(writer, *this, lightUrl(*this, std::move(url)));
+    const LightXml xml(writer, *this, url);
     writer.writeTransform("transform", transform);
     writer.writeColor("color", color);
     writer.writeColor("shadowColor", shadowColor);

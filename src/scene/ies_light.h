@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "materials/shared_constants.h"
+#include "records/shared_constants.h"
 #include "scene/base_light.h"
 
 namespace TalvexCore {

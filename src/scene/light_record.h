@@ -7,7 +7,7 @@
 #include <string>
 
 #include "archive/quick_archive.h"
-#include "materials/record_io.h"
+#include "records/record_io.h"
 #include "scene/animated_values.h"
 
 namespace TalvexCore {

@@ -1,7 +1,7 @@
 // MayaDirectLight: an infinite direct light with a key-framed transform that the XML leaves out.
 #pragma once
 
-#include "materials/shared_constants.h"
+#include "records/shared_constants.h"
 #include "scene/animated_values.h"
 #include "scene/base_light.h"
 

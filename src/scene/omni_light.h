@@ -1,7 +1,7 @@
 // OmniLight: a point light; its XML names the units "causticSubdivs".
 #pragma once
 
-#include "materials/shared_constants.h"
+#include "records/shared_constants.h"
 #include "scene/base_light.h"
 
 namespace TalvexCore {

@@ -1,7 +1,7 @@
 // RectangleLight: an area light of a given size, also used as a light portal.
 #pragma once
 
-#include "materials/shared_constants.h"
+#include "records/shared_constants.h"
 #include "scene/base_light.h"
 
 namespace TalvexCore {

@@ -2,7 +2,7 @@
 
 #include <tuple>
 
-#include "materials/record_io.h"
+#include "records/record_io.h"
 #include "scene/light_record.h"
 
 namespace TalvexCore {

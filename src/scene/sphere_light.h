@@ -1,7 +1,7 @@
 // SphereLight and DomeLight: lights of plug-ins the XML does not know, so they leave no trace in it.
 #pragma once
 
-#include "materials/shared_constants.h"
+#include "records/shared_constants.h"
 #include "scene/base_light.h"
 
 namespace TalvexCore {

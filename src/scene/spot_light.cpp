@@ -2,7 +2,7 @@
 
 #include <tuple>
 
-#include "materials/record_io.h"
+#include "records/record_io.h"
 #include "scene/light_record.h"
 #include "scene/light_xml.h"
 
@@ -44,7 +44,7 @@ bool SpotLight::isEqual(const LightPtr& other) const
 
 void SpotLight::writeXml(AssetXmlWriter& writer, std::u16string url) const
 {
-    const LightXml xml(writer, *this, lightUrl(*this, std::move(url)));
+    const LightXml xml(writer, *this, url);
     writer.writeColor("color", color);
     writer.writeColor("shadowColor", shadowColor);
     for (const auto& [name, value] : {std::pair{"cutoffThreshold", cutoffThreshold}, {"barnDoorLeft", barnDoorLeft},

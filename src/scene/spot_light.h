@@ -1,7 +1,7 @@
 // SpotLight: a cone light with barn doors; its XML always closes with the legacy mark.
 #pragma once
 
-#include "materials/shared_constants.h"
+#include "records/shared_constants.h"
 #include "scene/base_light.h"
 
 namespace TalvexCore {

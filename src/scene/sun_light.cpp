@@ -2,10 +2,10 @@
 
 #include <tuple>
 
-#include "archive/wide_text.h"
-#include "materials/record_io.h"
+#include "archive/name_compare.h"
+#include "records/record_io.h"
 #include "scene/light_record.h"
-#include "scene/light_xml.h"
+#include "xml/asset_frame.h"
 
 namespace TalvexCore {
 
@@ -53,7 +53,7 @@ void SunLight::writeXml(AssetXmlWriter& writer, std::u16string url) const
     }
     writer.sunDirectory.emplace(sunId, url);
 
-    const LightXml xml(writer, *this, url);
+    const AssetFrame xml(writer, *this, url, "");
     writer.writeVector("up_vector", up_vector);
     for (const auto& [name, value] :
          {std::pair{"shadowBias", shadowBias}, {"turbidity", turbidity}, {"water_vapour", water_vapour},

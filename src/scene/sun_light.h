@@ -3,9 +3,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
-#include "materials/uuid.h"
+#include "records/uuid.h"
 #include "scene/animated_values.h"
 #include "scene/base_light.h"
 
@@ -56,6 +57,8 @@ public:
     // under an empty url is left to the host.
     void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
     std::u16string pluginType() const override { return u"SunLight"; }
+    // A plugin parameter naming a sun gives its url alone: a sun's url names it whole.
+    std::optional<std::u16string> referenceName() const override { return std::nullopt; }
 
     template <class Self, class Fields>
     static bool record(Self& sun, Fields& fields, uint32_t version);

@@ -1,7 +1,7 @@
 #include "textures/sky_texture.h"
 
-#include "archive/wide_text.h"
-#include "materials/record_io.h"
+#include "archive/name_compare.h"
+#include "records/record_io.h"
 #include "scene/light_record.h"
 #include "textures/texture_xml.h"
 
@@ -100,7 +100,7 @@ void SkyTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
         sunUrl = writtenUrl(writer, sun->sunId, u"/SunLight");
     }
     const TextureXml xml(writer, *this, std::move(url));
-    writer.writePlugin("sun", LightPtr(sun), sunUrl);
+    writer.writePlugin("sun", sun, sunUrl);
     xml.close();
 }
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "materials/uuid.h"
+#include "records/uuid.h"
 #include "scene/sun_light.h"
 #include "textures/base_texture.h"
 

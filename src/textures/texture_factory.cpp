@@ -20,8 +20,8 @@
 #include "textures/noise_texture.h"
 #include "textures/ramp_texture.h"
 #include "textures/sky_texture.h"
+#include "textures/space_uvw.h"
 #include "textures/uvw_texture.h"
-#include "textures/world_object_uvw.h"
 
 namespace TalvexCore {
 
