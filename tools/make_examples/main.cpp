@@ -7,6 +7,7 @@
 #include <string>
 
 #include "legacy_examples.h"
+#include "sky_examples.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/glass_brdf.h"
 #include "materials/glossy_brdf.h"
@@ -249,6 +250,9 @@ int main(int argc, char** argv)
     ok &= save(dir / "single_layer.talmat", {singleLayer(), woodFloor()});
     MakeExamples::writeOldRecordsFile(dir / "old_records.talmat");
     MakeExamples::writeOldContainerFiles(dir);
+    ok &= MakeExamples::writeSharedSunFile(dir / "sky_shared_sun.talmat");
+    ok &= MakeExamples::writeDocumentSunFile(dir / "sky_document_sun.talmat");
+    ok &= MakeExamples::writeSkyVersionsFile(dir / "sky_versions.talmat");
     writeText(dir / "hand_written.talmat",
               "<talmat>\r\n  <Assets>\r\n    <!-- written by hand: passes through as text -->\r\n"
               "  </Assets>\r\n</talmat>\r\n");
