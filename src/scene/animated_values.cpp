@@ -1,106 +1,166 @@
 #include "scene/animated_values.h"
 
 #include <cmath>
-#include <iterator>
+#include <limits>
 
 #include "archive/quick_archive.h"
 #include "records/record_io.h"
-#include "records/shared_constants.h"
 
 namespace TalvexCore {
 
 namespace {
 
-constexpr double timeTolerance = 1e-12;
+constexpr uint32_t RecordVersion = 1;
+constexpr int32_t TimeWidth = 8;  // the byte width of a stored time
 
-template <class Map>
-auto findTime(Map& keys, double time)
+void writeValue(QuickArchive& out, int32_t v) { out.writeI32(v); }
+void writeValue(QuickArchive& out, float v) { out.writeF32(v); }
+void writeValue(QuickArchive& out, const Transform& v) { out.writeTransform(v); }
+void readValue(QuickArchive& in, int32_t& v) { in.readI32(v); }
+void readValue(QuickArchive& in, float& v) { in.readF32(v); }
+void readValue(QuickArchive& in, Transform& v) { in.readTransform(v); }
+
+// The record: tag, key count, time width, the flag where the class has one, then time and value
+// per key in ascending time.
+template <class V>
+bool writeKeys(QuickArchive& out, const KeyFrames<V>& frames, const bool* interpolate)
 {
-    auto it = keys.lower_bound(time - timeTolerance);
-    return it != keys.end() && std::fabs(it->first - time) < timeTolerance ? it : keys.end();
+    writeVersion(out, RecordVersion);
+    out.writeCount(frames.keys().size());
+    out.writeI32(TimeWidth);
+    if (interpolate) out.writeBool(*interpolate);
+    for (const auto& [time, value] : frames.keys()) {
+        out.writeF64(time);
+        writeValue(out, value);
+    }
+    return true;
+}
+
+// Reads the record, handing each key to `setKey`. A count of 0 or less reads no keys; a count the
+// bytes left cannot hold fails the load.
+template <class V, class SetKey>
+bool readKeys(QuickArchive& in, bool* interpolate, SetKey setKey)
+{
+    if (!readVersion(in, {RecordVersion})) return false;
+    int32_t count = 0, width = 0;
+    in.readI32(count);
+    in.readI32(width);
+    if (width != TimeWidth) return false;
+    if (interpolate) in.readBool(*interpolate);
+    if (count <= 0) return true;
+    if (!in.countFits(static_cast<uint64_t>(count), TimeWidth + sizeof(V))) return false;
+    for (int32_t i = 0; i < count; ++i) {
+        double time = 0;
+        V value{};
+        in.readF64(time);
+        readValue(in, value);
+        setKey(value, time);
+    }
+    return true;
+}
+
+float blend(float a, float b, float f) { return a * (1 - f) + b * f; }
+
+// Truncates toward zero; a result no i32 holds gives the lowest i32, as the processor's
+// conversion does.
+int32_t truncated(float v)
+{
+    if (!(v > -2147483904.0f && v < 2147483648.0f)) return std::numeric_limits<int32_t>::min();
+    return static_cast<int32_t>(v);
+}
+
+template <class V>
+double timeAt(const KeyFrames<V>& frames, int32_t index)
+{
+    const auto* key = frames.at(index);
+    return key ? key->first : 0.0;
 }
 
 }  // namespace
 
-void AnimatedTransform::clear()
+bool AnimatedInt::writeBinary(QuickArchive& out) const { return writeKeys(out, frames, &interpolate); }
+
+bool AnimatedInt::readBinary(QuickArchive& in)
 {
-    keys.clear();
-    setKey(identityTransform, 0.0);
+    clear();
+    return readKeys<int32_t>(in, &interpolate, [this](int32_t v, double t) { setKey(v, t); });
 }
 
-void AnimatedTransform::setKey(const Transform& value, double time)
+int32_t AnimatedInt::valueAt(double time) const
 {
-    auto it = findTime(keys, time);
-    if (it != keys.end()) it->second = value;
-    else keys.emplace(time, value);
+    return frames.valueAt(time, interpolate, 0, [](int32_t a, int32_t b, float f) {
+        return truncated(blend(static_cast<float>(a), static_cast<float>(b), f));
+    });
 }
 
-double AnimatedTransform::keyTime(int32_t index) const
+double AnimatedInt::keyTime(int32_t index) const { return timeAt(frames, index); }
+
+void AnimatedInt::clear()
 {
-    if (index < 0 || index >= keyCount()) return 0.0;
-    return std::next(keys.begin(), index)->first;
+    frames.dropAll();
+    setKey(0, 0.0);
 }
 
-Transform AnimatedTransform::keyValue(int32_t index) const
+bool AnimatedReal::writeBinary(QuickArchive& out) const { return writeKeys(out, frames, &interpolate); }
+
+bool AnimatedReal::readBinary(QuickArchive& in)
 {
-    if (index < 0 || index >= keyCount()) return identityTransform;
-    return std::next(keys.begin(), index)->second;
+    clear();
+    return readKeys<float>(in, &interpolate, [this](float v, double t) { setKey(v, t); });
 }
 
-Transform AnimatedTransform::valueAt(double time) const
+float AnimatedReal::valueAt(double time) const { return frames.valueAt(time, interpolate, 0.0f, blend); }
+
+double AnimatedReal::keyTime(int32_t index) const { return timeAt(frames, index); }
+
+void AnimatedReal::clear()
 {
-    if (keys.empty()) return identityTransform;
-    auto exact = findTime(keys, time);
-    if (exact != keys.end()) return exact->second;
-    auto next = keys.upper_bound(time);
-    if (next == keys.end()) return std::prev(next)->second;
-    auto prev = next == keys.begin() ? next : std::prev(next);
-    const float f = static_cast<float>((time - prev->first) / (next->first - prev->first));
-    Transform result;
-    const float* a = &prev->second.m.v[0].x;
-    const float* b = &next->second.m.v[0].x;
-    float* r = &result.m.v[0].x;
-    for (int i = 0; i < 9; ++i) r[i] = a[i] * (1 - f) + b[i] * f;
-    const float* ao = &prev->second.offset.x;
-    const float* bo = &next->second.offset.x;
-    float* ro = &result.offset.x;
-    for (int i = 0; i < 3; ++i) ro[i] = ao[i] * (1 - f) + bo[i] * f;
-    return result;
+    frames.dropAll();
+    setKey(0.0f, 0.0);
 }
 
-bool AnimatedTransform::writeBinary(QuickArchive& out) const
+Transform AnimatedTransform::identity()
 {
-    writeVersion(out, 1);
-    out.writeCount(keys.size());
-    out.writeCount(8);
-    for (const auto& [time, value] : keys) {
-        out.writeF64(time);
-        out.writeTransform(value);
-    }
-    return true;
+    Transform t;
+    t.m.v[0].x = t.m.v[1].y = t.m.v[2].z = 1;
+    return t;
 }
+
+bool AnimatedTransform::writeBinary(QuickArchive& out) const { return writeKeys(out, frames, nullptr); }
 
 bool AnimatedTransform::readBinary(QuickArchive& in)
 {
     clear();
-    keys.clear();
-    uint32_t tag = 0;
-    in.readU32(tag);
-    if (tag != tagOf(1)) return false;
-    uint64_t count = 0, width = 0;
-    in.readCount(count);
-    in.readCount(width);
-    if (width != 8) return false;
-    const int32_t n = static_cast<int32_t>(count);
-    if (n > 0 && !in.countFits(static_cast<uint64_t>(n), 56)) return false;
-    for (int32_t i = 0; i < n; ++i) {
-        double time = 0;
-        Transform value;
-        in.readF64(time);
-        in.readTransform(value);
-        setKey(value, time);
-    }
-    return true;
+    frames.dropAll();
+    return readKeys<Transform>(in, nullptr, [this](const Transform& v, double t) { setKey(v, t); });
+}
+
+Transform AnimatedTransform::valueAt(double time) const
+{
+    return frames.valueAt(time, true, identity(), [](const Transform& a, const Transform& b, float f) {
+        Transform r;
+        for (int c = 0; c < 3; ++c) {
+            r.m.v[c] = {blend(a.m.v[c].x, b.m.v[c].x, f), blend(a.m.v[c].y, b.m.v[c].y, f),
+                        blend(a.m.v[c].z, b.m.v[c].z, f)};
+        }
+        r.offset = {blend(a.offset.x, b.offset.x, f), blend(a.offset.y, b.offset.y, f),
+                    blend(a.offset.z, b.offset.z, f)};
+        return r;
+    });
+}
+
+double AnimatedTransform::keyTime(int32_t index) const { return timeAt(frames, index); }
+
+Transform AnimatedTransform::keyValue(int32_t index) const
+{
+    const auto* key = frames.at(index);
+    return key ? key->second : identity();
+}
+
+void AnimatedTransform::clear()
+{
+    frames.dropAll();
+    setKey(identity(), 0.0);
 }
 
 }  // namespace TalvexCore

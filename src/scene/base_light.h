@@ -8,6 +8,7 @@
 
 #include "archive/quick_archive.h"
 #include "records/serializable.h"
+#include "scene/animated_values.h"
 
 namespace TalvexCore {
 
@@ -26,6 +27,14 @@ public:
 };
 
 using LightPtr = std::shared_ptr<BaseLight>;
+
+// The default of a light's key-framed transform: one key, the identity at time 0.
+inline AnimatedTransform identityKeyFrames()
+{
+    AnimatedTransform transform;
+    transform.clear();
+    return transform;
+}
 
 // A new light of the class with this type id, at its defaults; empty for 1, 8 and every id
 // above 7, since no class stands behind them in files.

@@ -9,7 +9,7 @@ namespace TalvexCore {
 
 class MayaDirectLight : public BaseLight {
 public:
-    AnimatedTransform transform;
+    AnimatedTransform transform = identityKeyFrames();
     Color color = whiteColor, shadowColor = blackColor;
     float shadowBias = 0, shadowRadius = 0, intensity = 1, extraScale = 1;
     uint32_t photonSubdivs = 500, causticSubdivs = 1000, shadowSubdivs = 8;

@@ -17,7 +17,7 @@ inline constexpr char16_t documentSunId[] = u"{D3BE9766-E4AA-418b-81A9-23414A2BA
 
 // What a sun shines with; a sky keeps a copy of them beside its sun.
 struct SunParameters {
-    AnimatedTransform transform;
+    AnimatedTransform transform = identityKeyFrames();
     Vector up_vector{0, 0, 1};
     float shadowBias = 0, turbidity = 3, water_vapour = 2, intensity_multiplier = 1, size_multiplier = 1;
     float photon_radius = 50, photon_emit_distance = 150, ozone = 0.35f;

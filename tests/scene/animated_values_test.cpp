@@ -1,0 +1,187 @@
+// Key-framed values: keys within the time tolerance, values between keys, the three records and
+// what reading leaves of the default key.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "scene/animated_values.h"
+#include "support/byte_builder.h"
+
+using namespace TalvexCore;
+using namespace TalvexTest;
+
+namespace {
+
+Transform translation(float x)
+{
+    Transform t = AnimatedTransform::identity();
+    t.offset.x = x;
+    return t;
+}
+
+ByteBuilder& transformBytes(ByteBuilder& b, const Transform& t)
+{
+    for (const Vector& v : t.m.v) b.floats({v.x, v.y, v.z});
+    return b.floats({t.offset.x, t.offset.y, t.offset.z});
+}
+
+}  // namespace
+
+TEST(AnimatedValues, KeysWithinTheToleranceAreOneKey)
+{
+    AnimatedReal real(true);
+    real.setKey(2.0f, 1.0);
+    real.setKey(3.0f, 1.0 + 1e-13);
+    ASSERT_EQ(real.keyCount(), 1);
+    EXPECT_EQ(real.keyTime(0), 1.0);  // the stored time stays
+    EXPECT_EQ(real.valueAt(1.0 - 5e-13), 3.0f);
+
+    real.setKey(4.0f, 1.0 + 2e-12);
+    EXPECT_EQ(real.keyCount(), 2);
+    EXPECT_EQ(real.keyTime(1), 1.0 + 2e-12);
+    EXPECT_EQ(real.keyTime(2), 0.0);
+    EXPECT_EQ(real.keyTime(-1), 0.0);
+
+    real.clear();
+    ASSERT_EQ(real.keyCount(), 1);
+    EXPECT_EQ(real.keyTime(0), 0.0);
+    EXPECT_EQ(real.valueAt(0.0), 0.0f);
+}
+
+TEST(AnimatedValues, ValuesBetweenAndBeyondKeys)
+{
+    AnimatedReal real(true);
+    real.setKey(1.0f, 0.0);
+    real.setKey(3.0f, 1.0);
+    EXPECT_EQ(real.valueAt(0.5), 2.0f);
+    EXPECT_EQ(real.valueAt(5.0), 3.0f);
+    real.interpolate = false;
+    EXPECT_EQ(real.valueAt(0.5), 1.0f);
+    EXPECT_EQ(real.valueAt(5.0), 3.0f);
+    EXPECT_EQ(real.valueAt(-1.0), 1.0f);  // held: before the first key gives the first key
+
+    AnimatedInt whole(true);
+    whole.setKey(1, 0.0);
+    whole.setKey(2, 1.0);
+    EXPECT_EQ(whole.valueAt(0.5), 1);  // 1.5 truncated
+    whole.setKey(-3, 2.0);
+    EXPECT_EQ(whole.valueAt(1.5), 0);  // -0.5 truncated toward zero
+    EXPECT_EQ(whole.valueAt(-1.0), std::numeric_limits<int32_t>::min());  // no finite value there
+
+    AnimatedTransform moving;
+    moving.clear();
+    moving.setKey(translation(4), 2.0);
+    const Transform half = moving.valueAt(1.0);
+    EXPECT_EQ(half.offset.x, 2.0f);
+    EXPECT_EQ(half.m, AnimatedTransform::identity().m);
+    EXPECT_EQ(moving.valueAt(9.0), translation(4));
+    EXPECT_EQ(moving.keyValue(1), translation(4));
+    EXPECT_EQ(moving.keyValue(2), AnimatedTransform::identity());
+}
+
+TEST(AnimatedValues, ReadingKeepsTheDefaultKeyOfNumbersButNotOfTransforms)
+{
+    ByteBuilder reals;
+    reals.tag(1).i32(2).i32(8).boolean(true).f64(1.0).f32(5).f64(2.0).f32(7);
+    AnimatedReal real(false);
+    QuickArchive in = reals.archive();
+    ASSERT_TRUE(real.readBinary(in));
+    EXPECT_TRUE(real.interpolate);
+    ASSERT_EQ(real.keyCount(), 3);
+    EXPECT_EQ(real.valueAt(0.0), 0.0f);
+    EXPECT_EQ(real.valueAt(1.5), 6.0f);
+
+    ByteBuilder ints;
+    ints.tag(1).i32(2).i32(8).boolean(false).f64(0.0).i32(9).f64(3.0).i32(4);
+    AnimatedInt whole;
+    in = ints.archive();
+    ASSERT_TRUE(whole.readBinary(in));
+    EXPECT_EQ(whole.keyCount(), 2);
+    EXPECT_EQ(whole.valueAt(0.0), 9);
+    EXPECT_EQ(whole.valueAt(2.0), 9);
+
+    ByteBuilder transforms;
+    transforms.tag(1).i32(1).i32(8).f64(1.0);
+    transformBytes(transforms, translation(3));
+    AnimatedTransform moving;
+    in = transforms.archive();
+    ASSERT_TRUE(moving.readBinary(in));
+    ASSERT_EQ(moving.keyCount(), 1);
+    EXPECT_EQ(moving.keyTime(0), 1.0);
+
+    ByteBuilder none;
+    none.tag(1).i32(0).i32(8);
+    in = none.archive();
+    ASSERT_TRUE(moving.readBinary(in));
+    EXPECT_EQ(moving.keyCount(), 0);
+    moving.clear();
+    EXPECT_EQ(moving.keyCount(), 1);
+}
+
+TEST(AnimatedValues, RecordsWriteBackByteForByteAndRefuseBadHeaders)
+{
+    ByteBuilder reals;
+    reals.tag(1).i32(2).i32(8).boolean(true).f64(0.0).f32(5).f64(2.5).f32(-1);
+    AnimatedReal real;
+    QuickArchive in = reals.archive();
+    ASSERT_TRUE(real.readBinary(in));
+    QuickArchive out(1);
+    ASSERT_TRUE(real.writeBinary(out));
+    EXPECT_EQ(writtenBytes(out), reals.bytes);
+
+    ByteBuilder transforms;
+    transforms.tag(1).i32(2).i32(8).f64(0.0);
+    transformBytes(transforms, translation(1)).f64(4.0);
+    transformBytes(transforms, translation(2));
+    AnimatedTransform moving;
+    in = transforms.archive();
+    ASSERT_TRUE(moving.readBinary(in));
+    QuickArchive movingOut(1);
+    ASSERT_TRUE(moving.writeBinary(movingOut));
+    EXPECT_EQ(writtenBytes(movingOut), transforms.bytes);
+
+    AnimatedTransform copy;
+    in = transforms.archive();
+    ASSERT_TRUE(copy.readBinary(in));
+    EXPECT_TRUE(moving.isEqual(copy));
+    copy.setKey(translation(2.5f), 4.0);
+    EXPECT_FALSE(moving.isEqual(copy));
+    copy.setKey(translation(2), 4.0 + 1e-13);
+    EXPECT_TRUE(moving.isEqual(copy));
+    copy.setKey(translation(2), 5.0);
+    EXPECT_FALSE(moving.isEqual(copy));
+
+    const ByteBuilder refused[] = {
+        ByteBuilder().tag(2).i32(0).i32(8).boolean(false),              // unknown version
+        ByteBuilder().u32(0x10001).i32(0).i32(8).boolean(false),        // low half set
+        ByteBuilder().tag(1).i32(1).i32(4).boolean(false).f64(0).f32(1),  // a time is not 8 bytes wide
+        ByteBuilder().tag(1).i32(1000000).i32(8).boolean(false).f64(0).f32(1),  // more keys than bytes
+    };
+    for (const ByteBuilder& bytes : refused) {
+        AnimatedReal target;
+        QuickArchive damaged = bytes.archive();
+        EXPECT_FALSE(target.readBinary(damaged));
+    }
+    AnimatedReal negative;
+    QuickArchive negativeCount = ByteBuilder().tag(1).i32(-5).i32(8).boolean(true).archive();
+    EXPECT_TRUE(negative.readBinary(negativeCount));
+    EXPECT_EQ(negative.keyCount(), 1);
+}
+
+TEST(AnimatedValues, DamagedTimesKeepTheKeysOrdered)
+{
+    ByteBuilder bytes;
+    bytes.tag(1).i32(3).i32(8).boolean(true).f64(std::nan("")).f32(1).f64(1.0).f32(2).f64(-INFINITY).f32(3);
+    AnimatedReal real;
+    QuickArchive in = bytes.archive();
+    ASSERT_TRUE(real.readBinary(in));
+    EXPECT_EQ(real.keyCount(), 4);
+    EXPECT_EQ(real.valueAt(1.0), 2.0f);
+    QuickArchive out(1);
+    ASSERT_TRUE(real.writeBinary(out));
+    AnimatedReal again;
+    const std::vector<uint8_t> written = writtenBytes(out);
+    QuickArchive back(written.data(), written.size());
+    ASSERT_TRUE(again.readBinary(back));
+    EXPECT_EQ(again.keyCount(), 4);
+}
