@@ -1,26 +1,21 @@
 #include "module/options_conversion.h"
 
+#include "options/all_options.h"
+#include "options/tal_opt_file.h"
+
 namespace TalvexCore {
-
-namespace {
-
-// The options model has no reader yet: no file loads as options, and every file takes the text
-// path. Only this call changes when the model arrives.
-bool loadOptions(const std::u16string& /*path*/)
-{
-    return false;
-}
-
-}  // namespace
 
 ConversionOutcome writeOptionsFileXml(const std::u16string& path, std::u16string& text,
                                       const AssetXmlWriter::FlushSink& sink)
 {
-    if (!loadOptions(path)) return appendPlainText(path, text, sink);
+    AllOptions options;
+    TalOptFile file;
+    if (!file.load(options, path)) return appendPlainText(path, text, sink);
 
     AssetXmlWriter writer(text);
     writer.setFlushSink(sink);
     writer.openRoot(optionsRootTag);
+    options.writeXml(writer, u"");
     writer.closeRoot();
     return ConversionOutcome::Binary;
 }

@@ -56,7 +56,7 @@ namespace TalvexCore {
 using PathBuffer = std::array<char16_t, 2048>;
 
 // How the XML shows a value. Bool shows an i32 flag as true for anything but 0.
-enum class Form : uint8_t { Hidden, Int, Float, Bool, Color, Transform, String, FileString, Plugin };
+enum class Form : uint8_t { Hidden, Int, Float, Bool, Color, Transform, String, FileString, Plugin, List };
 
 // Where a value lives in its holder: one alternative per stored type. An i32 serves for flags too.
 // `std::string` is narrow text, stored as a wide string.
@@ -65,12 +65,22 @@ using Field = std::variant<std::monostate, int32_t Holder::*, uint32_t Holder::*
                            double Holder::*, Color Holder::*, TransformD Holder::*, std::string Holder::*,
                            std::u16string Holder::*, PathBuffer Holder::*>;
 
+// The first version of a row that no record stores: the reset and the XML know it, files never do.
+inline constexpr uint16_t notStored = 0xFFFF;
+
+// A list the XML shows as named entries: one name per id, in order.
+struct NameList {
+    std::span<const int32_t> ids;
+    std::string_view (*name)(int32_t id) = nullptr;
+    std::string_view elementType;
+};
+
 // What a reset gives a number or colour; texts, paths and transforms reset to empty and zero.
 using InitialValue = std::variant<int32_t, uint32_t, float, double, Color>;
 
 // A value as the XML shows it.
 using ShownValue = std::variant<std::monostate, int32_t, uint32_t, float, double, Color, Transform,
-                                std::u16string_view, std::string_view>;
+                                std::u16string_view, std::string_view, NameList>;
 
 // The operations of an irregular row; each replaces the plain one where it is set.
 template <class Holder>
@@ -280,6 +290,10 @@ void writeShown(Writer& w, std::string_view name, Form form, const ShownValue& v
         } else if constexpr (std::is_same_v<T, std::u16string_view> || std::is_same_v<T, std::string_view>) {
             if (form == Form::FileString) w.writeFileString(name, v, label, userData);
             else w.writeString(name, v, label, userData);
+        } else if constexpr (std::is_same_v<T, NameList>) {
+            w.openList(name, v.elementType, label);
+            for (int32_t id : v.ids) w.writeEntry(v.name(id));
+            w.closeList();
         }
     }, value);
 }
@@ -341,11 +355,12 @@ bool readSettings(const std::array<Setting<Holder>, N>& table, QuickArchive& in,
     return true;
 }
 
-// Writes every row, the newest record; false at the first special row whose write fails.
+// Writes every stored row, the newest record; false at the first special row whose write fails.
 template <class Holder, std::size_t N>
 bool writeSettings(const std::array<Setting<Holder>, N>& table, QuickArchive& out, const Holder& h)
 {
     for (const auto& row : table) {
+        if (row.since == notStored) continue;
         if (row.special && row.special->write) {
             if (!row.special->write(out, h)) return false;
         } else {

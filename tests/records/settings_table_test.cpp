@@ -144,6 +144,9 @@ struct RecordingWriter {
         tail(l, false);
     }
     void writeTransform(std::string_view n, const Transform&, std::string_view l) { log << "transform " << n; tail(l, false); }
+    void openList(std::string_view n, std::string_view type, std::string_view l) { log << "list " << n << " of " << type; tail(l, false); }
+    void writeEntry(std::string_view entry) { log << "entry " << entry << "\n"; }
+    void closeList() { log << "end of list\n"; }
     template <class T>
     void writeString(std::string_view n, T v, std::string_view l, bool u) { log << "string " << n << " " << text(v); tail(l, u); }
     template <class T>

@@ -1,0 +1,90 @@
+#include "options/all_options.h"
+
+#include <array>
+
+#include "options/all_options_settings.h"
+#include "xml/asset_frame.h"
+
+namespace TalvexCore {
+
+using AllOptionsSettings::table;
+
+// PENDING-CAMERA: the check of the XML positions waits for the physical camera's table.
+
+namespace {
+
+constexpr std::array<std::string_view, 34> channelNames = {
+    "Atmosphere", "Diffuse", "Reflection", "Refraction", "Self-illumination", "Shadow", "Specular",
+    "Lighting", "GI", "Caustics", "Raw GI", "Raw Light", "Raw Shadow", "Velocity", "RenderID",
+    "Material ID", "Node ID", "ZDepth", "Reflection Filter", "Raw Reflection", "Refraction Filter",
+    "Raw Refraction", "Real Color", "Normals", "Background", "Alpha", "RGB color", "Wire Color",
+    "Matte Shadow", "Total Light", "Raw Total Light", "Bump Normal", "Sample Rate", "SSS2",
+};
+
+// A settings asset is named after its group, not after the options set.
+class GroupAsset : public TalvexXMLSerializable {
+public:
+    explicit GroupAsset(std::string_view group) : group(group) {}
+    void writeXml(AssetXmlWriter&, std::u16string) const override {}
+    std::u16string pluginType() const override { return narrowToWide(group); }
+    std::u16string assetType() const override { return u"settings"; }
+
+private:
+    std::string_view group;
+};
+
+}  // namespace
+
+std::string_view renderChannelName(int32_t id)
+{
+    const int64_t index = static_cast<int64_t>(id) - AllOptions::firstChannel;
+    return index >= 0 && index < static_cast<int64_t>(channelNames.size()) ? channelNames[index] : std::string_view{};
+}
+
+void AllOptions::resetDefaults()
+{
+    resetSettings(table, *this);
+}
+
+bool AllOptions::writeBinary(QuickArchive& out) const
+{
+    out.writeU32(tagOf(newestVersion) | tagMark);
+    return writeSettings(table, out, *this);
+}
+
+bool AllOptions::readBinary(QuickArchive& in)
+{
+    resetDefaults();
+    uint32_t tag = 0;
+    in.readU32(tag);
+    const uint32_t version = versionOf(tag);
+    if ((tag & 0xFFFF) != tagMark || !isKnownVersion(version)) return false;
+    return readSettings(table, in, *this, static_cast<uint16_t>(version));
+}
+
+bool AllOptions::isEqual(const AllOptions& other) const
+{
+    return settingsEqual(table, *this, other);
+}
+
+// One asset per group, each in its own Assets element; a group's texture assets stand inside that
+// element ahead of the group's own asset.
+void AllOptions::writeXml(AssetXmlWriter& writer, std::u16string url) const
+{
+    const auto own = bindSettings(table, *this);
+    const auto parameters = bindSettings(ParamsSettings::table, static_cast<const NuvaUtils::NuvaParams&>(params));
+    const auto frame = bindSettings(FrameDataSettings::table, static_cast<const NuvaUtils::NuvaFrameData&>(frameData));
+    for (std::string_view group : SettingsGroups::inOrder) {
+        std::u16string assetUrl = url;
+        assetUrl += u'/';
+        appendNarrowAsWide(assetUrl, group);
+        writer.openAssets();
+        writeSettingChildren(writer, group, assetUrl, own);
+        const AssetFrame asset(writer, GroupAsset(group), assetUrl, "");
+        writeSettingParameters(writer, group, assetUrl, parameters, frame, own);
+        asset.close();
+        writer.closeAssets();
+    }
+}
+
+}  // namespace TalvexCore

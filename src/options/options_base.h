@@ -1,0 +1,14 @@
+// TalvexOptionsBase: the root of the render-options family, a record and an asset of type "settings".
+#pragma once
+
+#include "records/serializable.h"
+
+namespace TalvexCore {
+
+class TalvexOptionsBase : public TalvexSerializable, public TalvexXMLSerializable {
+public:
+    virtual void resetDefaults() = 0;
+    std::u16string assetType() const override { return u"settings"; }
+};
+
+}  // namespace TalvexCore

@@ -1,0 +1,169 @@
+// The options record: defaults and the reset's overrides, the version gate, what each version
+// stores, the channel rules, the path cut, and the newest record written back byte for byte.
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cstring>
+
+#include "options/options_test_support.h"
+#include "textures/acolor_texture.h"
+#include "textures/bitmap_texture.h"
+
+namespace TalvexTest {
+namespace {
+
+using namespace TalvexCore;
+
+TEST(AllOptions, DefaultsAndTheOverridesOfTheParameters)
+{
+    const AllOptions o;
+    EXPECT_EQ(o.channels, (std::vector<int32_t>{126, 125}));
+    EXPECT_TRUE(o.img_width == 800 && o.img_height == 600 && o.filter_type == 5 && o.filter_size == 1.5f);
+    EXPECT_TRUE(!o.bg_tex && !o.gi_tex && !o.reflect_tex && !o.refract_tex);
+    EXPECT_EQ(o.mtl_override_color, (Color{0.5f, 0.5f, 0.5f}));
+    EXPECT_EQ(std::bit_cast<uint32_t>(o.gi_color.g), 0x3F65E5E6u);
+    EXPECT_TRUE(o.all_aux_int_1 == 1 && o.asset_coll == 1 && o.focal_dist_not_overridden == 1);
+
+    const TalvexParams alone;
+    EXPECT_TRUE(alone.filter_on == 0 && alone.sampler_type == 0 && alone.mtl_limitDepth == 0);
+    EXPECT_EQ(alone.caustics_search_distance, 1e18f);
+    EXPECT_TRUE(o.params.filter_on == 1 && o.params.sampler_type == 2 && o.params.mtl_limitDepth == 1);
+    EXPECT_EQ(o.params.caustics_search_distance, 20.0f);
+    EXPECT_TRUE(alone.path_sampler_type == 2 && alone.options_aux_int == 1 && alone.displacement_aux_int_2 == 16);
+    EXPECT_TRUE(alone.params_internal_int_1 == 1 && alone.params_internal_int_2 == 3);
+}
+
+// A low half other than 1 and the versions 0xA to 0xF and above 0x17 are refused; 0x1, 0x90001,
+// 0x100001 and 0x170001 are read.
+TEST(AllOptions, VersionGate)
+{
+    for (uint32_t tag : {0x170000u, 0xA0001u, 0xF0001u, 0x180001u, 0x170002u}) {
+        AllOptions o;
+        o.img_width = 1;
+        EXPECT_FALSE(load(o, ByteBuilder().u32(tag).append(recordOf(TalvexParams())))) << std::hex << tag;
+        EXPECT_EQ(o.img_width, 800);
+    }
+    for (uint32_t version : {0u, 9u, 0x10u, 0x16u}) {
+        AllOptions o;
+        EXPECT_TRUE(load(o, oldOptionsRecord(version, {}))) << version;
+        EXPECT_EQ(o.img_width, 640);
+    }
+}
+
+// Before version 0x15 the stored ids follow the defaults; version 0 turns 8 into 123; ids outside
+// 100 to 132 are dropped in every version.
+TEST(AllOptions, ChannelRulesByVersion)
+{
+    struct Case {
+        uint32_t version;
+        std::vector<uint32_t> stored;
+        std::vector<int32_t> loaded;
+    };
+    const Case cases[] = {
+        {0, {8, 126}, {126, 125, 123, 126}},
+        {1, {8, 126}, {126, 125, 126}},
+        {0x14, {}, {126, 125}},
+        {0x14, {99, 100, 132, 133, 200}, {126, 125, 100, 132}},
+    };
+    for (const Case& c : cases) {
+        AllOptions o;
+        ASSERT_TRUE(load(o, oldOptionsRecord(c.version, withChannels(c.stored))));
+        EXPECT_EQ(o.channels, c.loaded) << c.version;
+    }
+    AllOptions newest;
+    newest.channels.clear();
+    AllOptions loaded;
+    ASSERT_TRUE(load(loaded, recordOf(newest)));
+    EXPECT_TRUE(loaded.channels.empty());
+}
+
+// What each version adds reaches its field; a field of a later version keeps its default.
+TEST(AllOptions, OlderVersionsKeepTheDefaultsOfLaterRows)
+{
+    AllOptions v4;
+    ASSERT_TRUE(load(v4, oldOptionsRecord(4, {})));
+    EXPECT_TRUE(v4.zdepth_white == 500 && v4.focal_dist_not_overridden == 0 && v4.camera_on == 0);
+    EXPECT_TRUE(v4.mtl_override_color == (Color{1, 0, 0}) && v4.batch_render == 0);
+    EXPECT_TRUE(v4.gamma_correct_rgb == 0 && v4.frames_per_second == 30 && v4.input_gamma == 2.2f);
+
+    AllOptions v0;
+    ASSERT_TRUE(load(v0, oldOptionsRecord(0, {})));
+    EXPECT_TRUE(v0.focal_dist_not_overridden == 1 && v0.zdepth_white == 1000 && v0.batch_render == 1);
+    EXPECT_EQ(v0.mtl_override_color, (Color{0.5f, 0.5f, 0.5f}));
+    EXPECT_EQ(v0.gi_color, (Color{0.4f, 0.5f, 0.6f}));
+
+    AllOptions v16;
+    ASSERT_TRUE(load(v16, oldOptionsRecord(0x16, {})));
+    EXPECT_TRUE(v16.all_aux_int_2 == 11 && v16.specify_film_width == 0 && v16.dr_mode == 2);
+    EXPECT_TRUE(v16.folder == u"//farm/share" && v16.input_gamma == 1.8f && v16.all_aux_float_2 == 8);
+    EXPECT_TRUE(v16.reflect_color == (Color{0, 1, 0}) && v16.refract_tex_mult == 5 && v16.frame_rate == 25);
+}
+
+TEST(AllOptions, APathIsCutAt2047Characters)
+{
+    OldOptions stored;
+    stored.imageFile = std::string(3000, 'p');
+    AllOptions o;
+    ASSERT_TRUE(load(o, oldOptionsRecord(3, stored)));
+    EXPECT_EQ(pathOf(o.img_file), std::u16string(2047, u'p'));
+    EXPECT_EQ(o.img_file[2047], 0);
+}
+
+// A damaged record fails cleanly: a channel count larger than the bytes left, a texture of an
+// unknown type, a refused embedded record.
+TEST(AllOptions, DamagedRecordsFail)
+{
+    ByteBuilder hugeCount = oldOptionsRecord(3, withChannels({100}));
+    const std::size_t countAt = hugeCount.bytes.size() - 4 * 10 - 4 - 4 - 16;
+    const uint32_t huge = 0x40000000;
+    std::memcpy(&hugeCount.bytes[countAt], &huge, 4);
+    AllOptions o;
+    EXPECT_FALSE(load(o, hugeCount));
+
+    ByteBuilder unknownTexture = ByteBuilder().u32(1 << 16 | 1);
+    unknownTexture.append(recordOf(TalvexParams())).append(recordOf(TalvexFrameData())).append(recordOf(TalvexNFBStampInfo()));
+    EXPECT_FALSE(load(o, ByteBuilder(unknownTexture).boolean(true).u32(99)));
+    EXPECT_FALSE(load(o, ByteBuilder().u32(1 << 16 | 1).tag(6)));
+}
+
+// Every value away from its default, with textures in all four slots: written, read back equal,
+// and written again to the same bytes.
+TEST(AllOptions, NewestRecordRoundTrip)
+{
+    AllOptions o;
+    o.params.dmc_threshold = 0.5f;
+    o.params.im_params_file = "cache/\xC3\xA9t\xC3\xA9.vrmap";
+    o.frameData.worldToCam.offset = {1.5, 2.5, 3.5};
+    o.stampInfo.stampText = "frame %frame";
+    o.bg_tex = std::make_shared<AColorTexture>(AColor{1, 0, 0, 1});
+    o.gi_tex = textureFromFile(u"sky.hdr");
+    o.reflect_tex = std::make_shared<AColorTexture>(AColor{0, 1, 0, 1});
+    o.refract_tex = std::make_shared<AColorTexture>(AColor{0, 0, 1, 1});
+    o.channels = {100, 117, 132};
+    o.folder = u"//farm/jobs";
+    setPath(o.caustics_auto_save_file, u"caustics.vrpmap");
+    o.all_aux_float_1 = 3;
+    o.specify_film_width = 1;
+
+    const ByteBuilder first = recordOf(o);
+    AllOptions loaded;
+    ASSERT_TRUE(load(loaded, first));
+    EXPECT_TRUE(loaded.isEqual(o));
+    EXPECT_EQ(recordOf(loaded).bytes, first.bytes);
+
+    loaded.bg_tex = std::make_shared<AColorTexture>(AColor{1, 0, 1, 1});
+    EXPECT_FALSE(loaded.isEqual(o));
+}
+
+// A second load gives the state of the second file alone.
+TEST(AllOptions, ASecondLoadStartsFromTheDefaults)
+{
+    AllOptions o;
+    ASSERT_TRUE(load(o, oldOptionsRecord(0x14, withChannels({100}))));
+    ASSERT_TRUE(load(o, oldOptionsRecord(2, {})));
+    EXPECT_EQ(o.channels, (std::vector<int32_t>{126, 125}));
+    EXPECT_TRUE(o.folder.empty() && o.input_gamma == 2.2f);
+}
+
+}  // namespace
+}  // namespace TalvexTest

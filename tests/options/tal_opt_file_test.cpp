@@ -1,0 +1,74 @@
+// The options file: whole blocks on saving and the position test after each, any length on loading.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "archive/text_conversion.h"
+#include "options/options_test_support.h"
+#include "options/tal_opt_file.h"
+
+namespace TalvexTest {
+namespace {
+
+using namespace TalvexCore;
+namespace fs = std::filesystem;
+
+class TalOptFileTest : public ::testing::Test {
+protected:
+    fs::path dir = fs::temp_directory_path() / ("cindrel_talopt_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()));
+    void SetUp() override { fs::create_directories(dir); }
+    void TearDown() override { fs::remove_all(dir); }
+    std::u16string path(const char* name) const { return narrowToWide((dir / name).string()); }
+    void writeBytes(const char* name, const std::string& bytes) const
+    {
+        std::ofstream(dir / name, std::ios::binary) << bytes;
+    }
+};
+
+// A record of one block saves as exactly 4096 bytes, and loads back equal; cut to the record's
+// length it loads as well.
+TEST_F(TalOptFileTest, SaveAndLoadOneBlock)
+{
+    AllOptions o;
+    o.img_width = 1920;
+    o.folder = u"//farm";
+    TalOptFile file;
+    ASSERT_TRUE(file.save(o, path("a.talopt")));
+    EXPECT_EQ(fs::file_size(dir / "a.talopt"), 4096u);
+    AllOptions loaded;
+    ASSERT_TRUE(file.load(loaded, path("a.talopt")));
+    EXPECT_TRUE(loaded.isEqual(o));
+
+    fs::resize_file(dir / "a.talopt", recordOf(o).bytes.size());
+    AllOptions cut;
+    ASSERT_TRUE(file.load(cut, path("a.talopt")));
+    EXPECT_TRUE(cut.isEqual(o));
+}
+
+// A record of two blocks is written up to its second block, and the save answers false.
+TEST_F(TalOptFileTest, TheSecondBlockFailsThePositionTest)
+{
+    AllOptions o;
+    o.folder = std::u16string(5000, u'f');
+    TalOptFile file;
+    EXPECT_FALSE(file.save(o, path("big.talopt")));
+    EXPECT_EQ(fs::file_size(dir / "big.talopt"), 8192u);
+    EXPECT_FALSE(file.save(o, path("missing/big.talopt")));
+}
+
+TEST_F(TalOptFileTest, FilesThatDoNotLoad)
+{
+    TalOptFile file;
+    AllOptions o;
+    writeBytes("one.talopt", "\x01");
+    writeBytes("empty.talopt", "");
+    writeBytes("text.talopt", "<talopt>\n</talopt>\n");
+    EXPECT_FALSE(file.load(o, path("one.talopt")));
+    EXPECT_FALSE(file.load(o, path("empty.talopt")));
+    EXPECT_FALSE(file.load(o, path("text.talopt")));
+    EXPECT_FALSE(file.load(o, path("absent.talopt")));
+}
+
+}  // namespace
+}  // namespace TalvexTest

@@ -1,0 +1,107 @@
+// The parameters record: version 1 against version 5, the forced sampler type, the reserved words,
+// and the held file names.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "options/options_test_support.h"
+
+namespace TalvexTest {
+namespace {
+
+using namespace TalvexCore;
+
+// Words of the version 5 record of a default object, counted from the tag.
+constexpr std::size_t detailWord = 74, reservedWord = 133, samplerWord = 140, subpixelWord = 144, gammaWord = 145;
+
+// The version 5 record with one word replaced.
+ByteBuilder paramsWithWord(std::size_t wordIndex, uint32_t value)
+{
+    ByteBuilder b = recordOf(TalvexParams());
+    std::memcpy(&b.bytes[wordIndex * 4], &value, 4);
+    return b;
+}
+
+// Version 1 stores no sampler type, no subpixel mapping, no gamma, and one float in place of the
+// four detail values; versions 2 to 4 add the first three one by one.
+TEST(TalvexParams, WhatEachVersionStores)
+{
+    TalvexParams newest;
+    newest.im_detail_radius = 10;
+    newest.cm_gamma = 2.2f;
+    newest.subpixel_mapping = 1;
+    newest.xc = 7;
+    const std::size_t newestSize = recordOf(newest).bytes.size();
+
+    // Bytes of version 1 from the newest: drop gamma, subpixel mapping and the sampler type, and
+    // put one float where the detail values stand.
+    for (uint32_t version = 1; version <= 5; ++version) {
+        SCOPED_TRACE(version);
+        ByteBuilder b = recordOf(newest);
+        std::vector<uint8_t>& bytes = b.bytes;
+        const auto dropWords = [&](std::size_t word, std::size_t count) {
+            bytes.erase(bytes.begin() + word * 4, bytes.begin() + (word + count) * 4);
+        };
+        bytes[2] = static_cast<uint8_t>(version);
+        if (version < 4) dropWords(gammaWord, 1);
+        if (version < 3) dropWords(subpixelWord, 1);
+        if (version < 2) dropWords(samplerWord, 1);
+        if (version < 5) dropWords(detailWord + 1, 3);
+        TalvexParams loaded;
+        ASSERT_TRUE(load(loaded, b));
+        EXPECT_EQ(loaded.xc, 7);
+        EXPECT_EQ(loaded.im_detail_radius, version >= 5 ? 10 : 60);
+        EXPECT_EQ(loaded.cm_gamma, version >= 4 ? 2.2f : 1.0f);
+        EXPECT_EQ(loaded.subpixel_mapping, version >= 3 ? 1 : 0);
+        EXPECT_EQ(loaded.displacement_aux_int_2, 16);
+        if (version == 5) {
+            EXPECT_EQ(b.bytes.size(), newestSize);
+        }
+    }
+}
+
+TEST(TalvexParams, VersionGate)
+{
+    for (uint32_t tag : {0x00000u, 0x60000u, 0x50001u}) {
+        TalvexParams p;
+        p.xc = 1;
+        EXPECT_FALSE(load(p, ByteBuilder().u32(tag).i32(1))) << std::hex << tag;
+        EXPECT_EQ(p.xc, 48);
+    }
+}
+
+// The sampler type of a file reads as 2 and writes back as 2; the reserved words around
+// time_dependent are written as 0 and 1.0 and dropped on reading.
+TEST(TalvexParams, ForcedSamplerTypeAndReservedWords)
+{
+    ByteBuilder stored = paramsWithWord(samplerWord, 7);
+    TalvexParams p;
+    ASSERT_TRUE(load(p, stored));
+    EXPECT_EQ(p.path_sampler_type, 2);
+    EXPECT_EQ(recordOf(p).bytes, recordOf(TalvexParams()).bytes);
+
+    const ByteBuilder fresh = recordOf(TalvexParams());
+    uint32_t before = 1, after = 0;
+    std::memcpy(&before, &fresh.bytes[reservedWord * 4], 4);
+    std::memcpy(&after, &fresh.bytes[(reservedWord + 2) * 4], 4);
+    EXPECT_EQ(before, 0u);
+    EXPECT_EQ(after, 0x3F800000u);
+    ASSERT_TRUE(load(p, paramsWithWord(reservedWord, 5)));
+    EXPECT_EQ(p.time_dependent, 1);
+}
+
+// A file name goes out as UTF-8 and comes back; an empty stored name leaves the field alone.
+TEST(TalvexParams, HeldFileNames)
+{
+    TalvexParams p;
+    p.pm_params_file = "maps/\xC3\xA9t\xC3\xA9.vrpmap";
+    TalvexParams loaded;
+    ASSERT_TRUE(load(loaded, recordOf(p)));
+    EXPECT_EQ(loaded.pm_params_file, p.pm_params_file);
+    EXPECT_TRUE(loaded.isEqual(p));
+    loaded.caustics_params_file = "x";
+    EXPECT_FALSE(loaded.isEqual(p));
+}
+
+}  // namespace
+}  // namespace TalvexTest
