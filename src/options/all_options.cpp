@@ -1,6 +1,7 @@
 #include "options/all_options.h"
 
 #include <array>
+#include <vector>
 
 #include "options/all_options_settings.h"
 #include "xml/asset_frame.h"
@@ -9,7 +10,8 @@ namespace TalvexCore {
 
 using AllOptionsSettings::table;
 
-// PENDING-CAMERA: the check of the XML positions waits for the physical camera's table.
+// Each group's positions run from 0 without gap or repeat, across every table that feeds it.
+static_assert(xmlPositionsValid(table, ParamsSettings::table, FrameDataSettings::table, physicalCameraSettings));
 
 namespace {
 
@@ -74,14 +76,17 @@ void AllOptions::writeXml(AssetXmlWriter& writer, std::u16string url) const
     const auto own = bindSettings(table, *this);
     const auto parameters = bindSettings(ParamsSettings::table, static_cast<const NuvaUtils::NuvaParams&>(params));
     const auto frame = bindSettings(FrameDataSettings::table, static_cast<const NuvaUtils::NuvaFrameData&>(frameData));
+    const auto lens = bindSettings(physicalCameraSettings, camera);
     for (std::string_view group : SettingsGroups::inOrder) {
         std::u16string assetUrl = url;
         assetUrl += u'/';
         appendNarrowAsWide(assetUrl, group);
         writer.openAssets();
-        writeSettingChildren(writer, group, assetUrl, own);
-        const AssetFrame asset(writer, GroupAsset(group), assetUrl, "");
-        writeSettingParameters(writer, group, assetUrl, parameters, frame, own);
+        std::vector<ChildSlot> slots;
+        for (const SettingChild& child : settingChildren(group, own))
+            slots.emplace_back(child.parameter.data(), child.urlWord.data(), child.child);
+        const AssetFrame asset(writer, GroupAsset(group), assetUrl, "", slots);
+        writeSettingParameters(writer, group, assetUrl, parameters, frame, own, lens);
         asset.close();
         writer.closeAssets();
     }

@@ -8,6 +8,7 @@
 #include "archive/value_types.h"
 #include "options/options_base.h"
 #include "records/settings_table.h"
+#include "scene/physical_camera.h"
 #include "options/talvex_frame_data.h"
 #include "options/talvex_nfb_stamp_info.h"
 #include "options/talvex_params.h"
@@ -73,6 +74,8 @@ public:
     std::u16string folder;
     int32_t all_aux_int_2 = 0;
     int32_t specify_film_width = 0;
+
+    PhysicalCamera camera;
 
     // The ten path buffers.
     PathBuffer img_file, nuimg_file;

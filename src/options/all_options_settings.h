@@ -37,6 +37,7 @@ inline constexpr SpecialSetting<A> parameters = {
 };
 inline constexpr SpecialSetting<A> frameDataRecord = embeddedRecord<&A::frameData>();
 inline constexpr SpecialSetting<A> stampInfoRecord = embeddedRecord<&A::stampInfo>();
+inline constexpr SpecialSetting<A> cameraRecord = embeddedRecord<&A::camera>();
 
 // The environment textures; each asset stands inside the group's Assets element, ahead of the
 // group's own asset.
@@ -97,6 +98,7 @@ inline constexpr auto table = std::to_array<Setting<A>>({
     {"", {}, {}, 0, {}, 0, Form::Hidden, {}, false, &parameters},
     {"", {}, {}, 0, {}, 0, Form::Hidden, {}, false, &frameDataRecord},
     {"", {}, {}, 0, {}, 0, Form::Hidden, {}, false, &stampInfoRecord},
+    {"", {}, {}, 5, {}, 0, Form::Hidden, {}, false, &cameraRecord},
     {"bg_tex", {}, {}, 0, SettingsGroups::Environment, 2, Form::Plugin, {}, false, &bgTexture},
     {"gi_tex", {}, {}, 0, SettingsGroups::Environment, 6, Form::Plugin, {}, false, &giTexture},
     {"bg_color", &A::bg_color, Color{}, 0, SettingsGroups::Environment, 1, Form::Color},
@@ -116,7 +118,7 @@ inline constexpr auto table = std::to_array<Setting<A>>({
     {"focal_dist_not_overridden", &A::focal_dist_not_overridden, 1, 2},
     {"show_progress_window", &A::show_progress_window, 1, 3, SettingsGroups::Options, 21, Form::Int},
     {"on", &A::camera_on, 0, 5, SettingsGroups::CameraPhysical, 0, Form::Bool},
-    {"override_focal_length", &A::override_focal_length, 0, 6, SettingsGroups::CameraPhysical, 31, Form::Bool, {}, true},
+    {"override_focal_length", &A::override_focal_length, 0, 6, SettingsGroups::CameraPhysical, 30, Form::Bool, {}, true},
     {"fov", &A::fov, 45.0f, 0, SettingsGroups::Camera, 3, Form::Float},
     {"gi_color_mult", &A::gi_color_mult, 1.0f, 0},
     {"bg_color_mult", &A::bg_color_mult, 1.0f, 0},
@@ -166,7 +168,7 @@ inline constexpr auto table = std::to_array<Setting<A>>({
     {"mode", &A::dr_mode, 0, 0x14, SettingsGroups::DR, 2, Form::Int},
     {"folder", &A::folder, {}, 0x14, SettingsGroups::DR, 3, Form::FileString},
     {"all_aux_int_2", &A::all_aux_int_2, 0, 0x16},
-    {"specify_film_width", &A::specify_film_width, 0, 0x17, SettingsGroups::CameraPhysical, 30, Form::Bool, {}, true},
+    {"specify_film_width", &A::specify_film_width, 0, 0x17, SettingsGroups::CameraPhysical, 29, Form::Bool, {}, true},
 
     {"type", {}, {}, notStored, SettingsGroups::ImageFilter, 1, Form::Int, {}, false, &shownFilterType},
     {"override_focal_dist", {}, {}, notStored, SettingsGroups::CameraDof, 0, Form::Bool, {}, true, &shownFocalDistOverride},

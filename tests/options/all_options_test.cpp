@@ -99,6 +99,29 @@ TEST(AllOptions, OlderVersionsKeepTheDefaultsOfLaterRows)
     EXPECT_TRUE(v16.reflect_color == (Color{0, 1, 0}) && v16.refract_tex_mult == 5 && v16.frame_rate == 25);
 }
 
+// Versions 0 to 4 have no camera record; a newer outer record may hold an older camera record.
+TEST(AllOptions, TheCameraRecord)
+{
+    AllOptions v4;
+    ASSERT_TRUE(load(v4, oldOptionsRecord(4, {})));
+    EXPECT_TRUE(v4.camera == PhysicalCamera());
+
+    ByteBuilder cameraV1 = ByteBuilder().tag(1).i32(1).f32(24).f32(35);
+    cameraV1.floats({2, 0, 4, 0, 60, 90, 0, 0, 400}).i32(1).f32(150).i32(0).floats({200, 0}).i32(1);
+    cameraV1.color(1, 0.9f, 0.8f).i32(1).i32(1).i32(6).floats({15, 0, 0}).i32(1);
+    AllOptions v6;
+    ASSERT_TRUE(load(v6, oldOptionsRecord(6, {}, cameraV1)));
+    EXPECT_TRUE(v6.camera.type == 1 && v6.camera.film_width == 24 && v6.camera.ISO == 400);
+    EXPECT_EQ(v6.camera.focal_length.valueAt(0.0), 35.0f);
+    EXPECT_TRUE(v6.camera.use_dof == 1 && v6.camera.use_moblur == 0 && v6.camera.subdivs == 6);
+    EXPECT_TRUE(v6.camera_on == 1 && v6.override_focal_length == 1 && v6.img_width == 640);
+    const std::string camera = groupXml(xmlOf(v6), "CameraPhysical");
+    EXPECT_NE(camera.find("name=\"focal_length\" handler=\"default\" listType=\"none\" label=\"focal_length\">\n"
+                          "              <value>35</value>"),
+              std::string::npos);
+    EXPECT_LT(camera.find("name=\"subdivs\""), camera.find("name=\"specify_film_width\""));
+}
+
 TEST(AllOptions, APathIsCutAt2047Characters)
 {
     OldOptions stored;
@@ -144,6 +167,8 @@ TEST(AllOptions, NewestRecordRoundTrip)
     setPath(o.caustics_auto_save_file, u"caustics.vrpmap");
     o.all_aux_float_1 = 3;
     o.specify_film_width = 1;
+    o.camera.focal_length.setKey(50, 1.0);
+    o.camera.blades_num = 7;
 
     const ByteBuilder first = recordOf(o);
     AllOptions loaded;

@@ -42,10 +42,11 @@ inline OldOptions withChannels(std::vector<uint32_t> ids)
 }
 
 // An options record of `version` as that version stored it: embedded records written by the
-// model (they have versions of their own), everything else word by word.
-inline ByteBuilder oldOptionsRecord(uint32_t version, const OldOptions& o, const ByteBuilder& camera = {})
+// model unless given (they have versions of their own), everything else word by word.
+inline ByteBuilder oldOptionsRecord(uint32_t version, const OldOptions& o, ByteBuilder camera = {})
 {
     using namespace TalvexCore;
+    if (camera.bytes.empty()) camera = recordOf(PhysicalCamera());
     ByteBuilder b;
     b.u32(version << 16 | 1);
     b.append(recordOf(TalvexParams())).append(recordOf(TalvexFrameData())).append(recordOf(TalvexNFBStampInfo()));
