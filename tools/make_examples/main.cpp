@@ -253,6 +253,7 @@ int main(int argc, char** argv)
     ok &= MakeExamples::writeSharedSunFile(dir / "sky_shared_sun.talmat");
     ok &= MakeExamples::writeDocumentSunFile(dir / "sky_document_sun.talmat");
     ok &= MakeExamples::writeSkyVersionsFile(dir / "sky_versions.talmat");
+    ok &= MakeExamples::writeSkyEnvironmentFile(dir / "sky_environment.talopt");
     writeText(dir / "hand_written.talmat",
               "<talmat>\r\n  <Assets>\r\n    <!-- written by hand: passes through as text -->\r\n"
               "  </Assets>\r\n</talmat>\r\n");

@@ -10,5 +10,7 @@ bool writeSharedSunFile(const std::filesystem::path& path);
 bool writeDocumentSunFile(const std::filesystem::path& path);
 // The newest sky written by the model beside older ones spelled out byte by byte.
 bool writeSkyVersionsFile(const std::filesystem::path& path);
+// Render options whose environment slots hold skies: the document's sun, and one sun shared.
+bool writeSkyEnvironmentFile(const std::filesystem::path& path);
 
 }  // namespace MakeExamples
