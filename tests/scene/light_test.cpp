@@ -17,12 +17,6 @@ using namespace TalvexTest;
 
 namespace {
 
-template <class T>
-std::shared_ptr<T> loaded(const ByteBuilder& bytes)
-{
-    return readFrom<T>(bytes);
-}
-
 // The number of times `text` stands in `xml`.
 std::size_t occurrences(const std::string& xml, const std::string& text)
 {
@@ -53,7 +47,7 @@ TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
 {
     ByteBuilder maya1;
     maya1.tag(1).color(0.5f, 0.25f, 1).floats({0.1f, 2, 3}).u32(7).u32(9).i32(1).boolean(false);
-    const auto maya = loaded<MayaDirectLight>(maya1);
+    const auto maya = readFrom<MayaDirectLight>(maya1);
     ASSERT_TRUE(maya);
     EXPECT_EQ(maya->color, (Color{0.5f, 0.25f, 1}));
     EXPECT_EQ(maya->causticSubdivs, 7u);
@@ -66,7 +60,7 @@ TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
     ByteBuilder maya2;
     transform(maya2.tag(2).color(1, 1, 1).floats({0, 1, 1}).u32(1000).u32(500).i32(3).boolean(true).boolean(true)
                   .u32(8).f32(0.5f), 2, 3);
-    const auto keyed = loaded<MayaDirectLight>(maya2);
+    const auto keyed = readFrom<MayaDirectLight>(maya2);
     ASSERT_TRUE(keyed);
     EXPECT_EQ(keyed->shadowRadius, 0.5f);
     EXPECT_EQ(keyed->transform.keyCount(), 1);
@@ -74,7 +68,7 @@ TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
 
     ByteBuilder spot1;
     spot1.tag(1).color(0.2f, 0.3f, 0.4f).floats({0, 0, 5, 1}).u32(500).u32(1000).i32(3).boolean(true);
-    const auto spot = loaded<SpotLight>(spot1);
+    const auto spot = readFrom<SpotLight>(spot1);
     ASSERT_TRUE(spot);
     EXPECT_EQ(spot->color, (Color{0.2f, 0.3f, 0.4f}));
     EXPECT_EQ(spot->intensity, 5.0f);
@@ -84,7 +78,7 @@ TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
     ByteBuilder omni3;
     transform(omni3.tag(3).color(1, 1, 1).color(0, 0, 0).floats({0.01f, 0, 0, 30, 1}).i32(2).u32(500).u32(1000)
                   .i32(3).boolean(true).boolean(true).u32(8).f32(0), 1, 0);
-    const auto omni = loaded<OmniLight>(omni3);
+    const auto omni = readFrom<OmniLight>(omni3);
     ASSERT_TRUE(omni);
     EXPECT_EQ(omni->units, 2);
     EXPECT_EQ(omni->cutoffThreshold, 0.01f);
@@ -94,7 +88,7 @@ TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
     ByteBuilder rect1;
     rect1.tag(1).color(1, 0, 0).floats({0, 12, 1}).u32(16).u32(1000).u32(500).i32(3);
     for (bool flag : {true, false, true, false, true, true, false}) rect1.boolean(flag);
-    const auto rect = loaded<RectangleLight>(rect1);
+    const auto rect = readFrom<RectangleLight>(rect1);
     ASSERT_TRUE(rect);
     EXPECT_EQ(rect->subdivs, 16u);
     EXPECT_TRUE(rect->doubleSided && rect->lightPortal && rect->storeWithIrradianceMap);
@@ -104,19 +98,11 @@ TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
     ByteBuilder ies1;
     transform(ies1.tag(1), 1, 0).color(1, 1, 1).color(0, 0, 0).color(0.5f, 0.5f, 0.5f).floats({0, 0.005f})
         .u32(8).u32(1000).u32(8).boolean(true).boolean(false).boolean(true).str("lamps/a.ies");
-    const auto ies = loaded<IESLight>(ies1);
+    const auto ies = readFrom<IESLight>(ies1);
     ASSERT_TRUE(ies);
     EXPECT_EQ(ies->ies_file, u"lamps/a.ies");
     EXPECT_EQ(ies->filter_color, (Color{0.5f, 0.5f, 0.5f}));
     EXPECT_EQ(ies->intensity, 1.0f);
-
-    ByteBuilder sphere1;
-    transform(sphere1.tag(1), 1, 0).color(1, 1, 1).color(0, 0, 0).floats({1, 2, 3, 4}).u32(1).u32(2).u32(3).u32(4);
-    for (int i = 0; i < 5; ++i) sphere1.boolean(false);
-    const auto sphere = loaded<SphereLight>(sphere1);
-    ASSERT_TRUE(sphere);
-    EXPECT_FALSE(sphere->flag1);
-    EXPECT_TRUE(sphere->flag6 && sphere->flag7 && sphere->flag8);
 
     // Unknown versions and tags with a low half stop at the tag.
     for (const auto& light : {createLight(0), createLight(2), createLight(6), createLight(7)}) {
@@ -124,8 +110,8 @@ TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
         auto archive = bad.u32(0x40001).archive();
         EXPECT_FALSE(light->readBinary(archive));
     }
-    EXPECT_FALSE(loaded<IESLight>(ByteBuilder().tag(4)));
-    EXPECT_FALSE(loaded<SphereLight>(ByteBuilder().tag(3)));
+    EXPECT_FALSE(readFrom<IESLight>(ByteBuilder().tag(4)));
+    EXPECT_FALSE(readFrom<SphereLight>(ByteBuilder().tag(3)));
 }
 
 // A field-order fault made in both the writer and the reader passes a round trip; the bytes don't.
@@ -142,15 +128,6 @@ TEST(LightRecords, NewestRecordIsPinnedToItsBytes)
     QuickArchive out(1);
     ASSERT_TRUE(omni.writeBinary(out));
     EXPECT_EQ(writtenBytes(out), expected.bytes);
-
-    MayaDirectLight maya;
-    maya.shadowSubdivs = 4;
-    ByteBuilder mayaBytes;
-    transform(mayaBytes.tag(4).color(1, 1, 1).color(0, 0, 0).floats({0, 1, 1}).u32(1000).u32(500).i32(3)
-                  .boolean(true).boolean(true).u32(4).f32(0).tag(1).u32(1).u32(8).f64(0), 1, 0);
-    QuickArchive mayaOut(1);
-    ASSERT_TRUE(maya.writeBinary(mayaOut));
-    EXPECT_EQ(writtenBytes(mayaOut), mayaBytes.bytes);
 
     // The dome light writes a tag and reads nothing, not even that.
     QuickArchive dome(1);
