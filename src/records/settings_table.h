@@ -23,12 +23,13 @@
 //                            bindSettings(allOptionsSettings, options), bindSettings(cameraSettings, camera));
 //
 // Irregular values are rows whose `special` points to a constexpr SpecialSetting, made by one of the
-// four makers below: computedSetting (a parameter computed from others, shown only), migratedSetting
+// makers below: computedSetting (a parameter computed from others, shown only), migratedSetting
 // (a field that old versions store in another form: its own read, the rest as a plain field),
 // embeddedRecord (a member with a record of its own) and childSlot (an optional child object, shown
 // as a plugin reference; settingChildren lists a group's children for its asset frame, which writes
-// their assets ahead of the group's). A special's function replaces the plain
-// operation of the row; a null function leaves the plain operation, if the row has a field.
+// their assets ahead of the group's), and reservedWord (an i32 or f32 with no field: reading drops
+// it, writing puts a constant). A special's function replaces the plain operation of the row; a
+// null function leaves the plain operation, if the row has a field.
 #pragma once
 
 #include <algorithm>
@@ -125,6 +126,25 @@ template <class Holder>
 constexpr SpecialSetting<Holder> migratedSetting(bool (*read)(QuickArchive&, Holder&, uint16_t))
 {
     return {.read = read};
+}
+
+// A word that records keep with no field behind it: reading drops it, writing puts `Value`.
+template <class Holder, auto Value>
+constexpr SpecialSetting<Holder> reservedWord()
+{
+    return {
+        .read = [](QuickArchive& in, Holder&, uint16_t) {
+            auto dropped = Value;
+            if constexpr (std::is_same_v<decltype(Value), float>) in.readF32(dropped);
+            else in.readI32(dropped);
+            return true;
+        },
+        .write = [](QuickArchive& out, const Holder&) {
+            if constexpr (std::is_same_v<decltype(Value), float>) out.writeF32(Value);
+            else out.writeI32(Value);
+            return true;
+        },
+    };
 }
 
 namespace settings_detail {
@@ -306,19 +326,19 @@ inline std::u16string childUrl(const std::u16string& assetUrl, std::string_view 
     return url;
 }
 
-// The forms each stored type may take in the XML.
+// The forms each stored type may take in the XML. Rows with no field are irregular and show what
+// their special gives; the check leaves them alone, since a pointer's test is no constant where
+// the sanitizers keep null checks.
 template <class Holder>
 constexpr bool formFits(const Setting<Holder>& row)
 {
-    if (row.group.empty() || (row.special && row.special->shown)) return true;
-    if (row.form == Form::Plugin) return row.special && row.special->child;
+    if (row.group.empty() || row.field.index() == 0) return true;
     switch (row.field.index()) {
         case 1: case 2: return row.form == Form::Int || row.form == Form::Bool;
         case 3: case 4: return row.form == Form::Float;
         case 5: return row.form == Form::Color;
         case 6: return row.form == Form::Transform;
-        case 7: case 8: case 9: return row.form == Form::String || row.form == Form::FileString;
-        default: return false;
+        default: return row.form == Form::String || row.form == Form::FileString;
     }
 }
 
@@ -402,6 +422,23 @@ BoundSettings<Holder> bindSettings(const std::array<Setting<Holder>, N>& table, 
     return {std::span<const Setting<Holder>>(table), h};
 }
 
+namespace settings_detail {
+
+// Writes one row of a holder: a plugin row names its child under the group's url, any other row
+// shows its value in its form.
+template <class Writer, class Holder>
+void writeRow(Writer& writer, const void* rowPtr, const void* holderPtr, const std::u16string& assetUrl)
+{
+    const auto& row = *static_cast<const Setting<Holder>*>(rowPtr);
+    const auto& holder = *static_cast<const Holder*>(holderPtr);
+    if (row.form == Form::Plugin)
+        writer.writePlugin(row.name, row.special->child(holder), childUrl(assetUrl, row.special->childSuffix), row.label);
+    else
+        writeShown(writer, row.name, row.form, shown(row, holder), row.label, row.userData);
+}
+
+}  // namespace settings_detail
+
 // Writes the parameters of `group`, in XML position order, drawn from every bound table. The
 // caller frames them (assets, asset, plugin, parameters); `assetUrl` is the group's url, under
 // which plugin rows name their children.
@@ -409,44 +446,25 @@ template <class Writer, class... Holders>
 void writeSettingParameters(Writer& writer, std::string_view group, const std::u16string& assetUrl,
                             BoundSettings<Holders>... tables)
 {
-    // One pass per table puts each row in its place; a group has at most 256 places.
+    // One pass per table puts each row in its place; positions are below 256.
     struct Slot {
-        ShownValue value;
-        const std::string_view* name = nullptr;
-        const std::string_view* label = nullptr;
-        Form form = Form::Hidden;
-        bool userData = false;
-        const TalvexXMLSerializable* child = nullptr;
-        std::string_view suffix;
+        const void* row;
+        const void* holder;
+        void (*write)(Writer&, const void*, const void*, const std::u16string&);
     };
-    std::array<Slot, 256> slots{};
+    std::array<Slot, 256> slots;
     std::size_t count = 0;
     auto collect = [&](const auto& bound) {
+        using Holder = std::remove_cvref_t<decltype(bound.holder)>;
         for (const auto& row : bound.rows) {
             if (row.group != group) continue;
-            Slot& slot = slots[row.position];
-            slot.name = &row.name;
-            slot.label = &row.label;
-            slot.form = row.form;
-            slot.userData = row.userData;
-            if (row.form == Form::Plugin) {
-                slot.child = row.special->child(bound.holder);
-                slot.suffix = row.special->childSuffix;
-            } else {
-                slot.value = settings_detail::shown(row, bound.holder);
-            }
-            count = std::max<std::size_t>(count, row.position + 1u);
+            for (; count <= row.position; ++count) slots[count] = {};
+            slots[row.position] = {&row, &bound.holder, &settings_detail::writeRow<Writer, Holder>};
         }
     };
     (collect(tables), ...);
-    for (std::size_t i = 0; i < count; ++i) {
-        const Slot& slot = slots[i];
-        if (!slot.name) continue;
-        if (slot.form == Form::Plugin)
-            writer.writePlugin(*slot.name, slot.child, settings_detail::childUrl(assetUrl, slot.suffix), *slot.label);
-        else
-            settings_detail::writeShown(writer, *slot.name, slot.form, slot.value, *slot.label, slot.userData);
-    }
+    for (std::size_t i = 0; i < count; ++i)
+        if (slots[i].write) slots[i].write(writer, slots[i].row, slots[i].holder, assetUrl);
 }
 
 // A child that a group's plugin row names: the parameter, the word its url adds to the group's,
@@ -477,7 +495,7 @@ std::vector<SettingChild> settingChildren(std::string_view group, BoundSettings<
 
 // Compile-time checks, for a static_assert beside the tables.
 
-// Every shown row's form fits its field, and every plugin row has a child.
+// Every shown row with a field has a form that fits the field.
 template <class Holder, std::size_t N>
 constexpr bool settingsTableValid(const std::array<Setting<Holder>, N>& table)
 {

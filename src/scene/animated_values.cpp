@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 #include "archive/quick_archive.h"
 #include "records/record_io.h"
@@ -78,46 +79,43 @@ double timeAt(const KeyFrames<V>& frames, int32_t index)
 
 }  // namespace
 
-bool AnimatedInt::writeBinary(QuickArchive& out) const { return writeKeys(out, frames, &interpolate); }
-
-bool AnimatedInt::readBinary(QuickArchive& in)
+template <class V>
+bool AnimatedNumber<V>::writeBinary(QuickArchive& out) const
 {
-    clear();
-    return readKeys<int32_t>(in, &interpolate, [this](int32_t v, double t) { setKey(v, t); });
+    return writeKeys(out, frames, &interpolate);
 }
 
-int32_t AnimatedInt::valueAt(double time) const
+template <class V>
+bool AnimatedNumber<V>::readBinary(QuickArchive& in)
 {
-    return frames.valueAt(time, interpolate, 0, [](int32_t a, int32_t b, float f) {
-        return truncated(blend(static_cast<float>(a), static_cast<float>(b), f));
+    clear();
+    return readKeys<V>(in, &interpolate, [this](V v, double t) { setKey(v, t); });
+}
+
+template <class V>
+V AnimatedNumber<V>::valueAt(double time) const
+{
+    return frames.valueAt(time, interpolate, V{0}, [](V a, V b, float f) {
+        if constexpr (std::is_same_v<V, float>) return blend(a, b, f);
+        else return truncated(blend(static_cast<float>(a), static_cast<float>(b), f));
     });
 }
 
-double AnimatedInt::keyTime(int32_t index) const { return timeAt(frames, index); }
+template <class V>
+double AnimatedNumber<V>::keyTime(int32_t index) const
+{
+    return timeAt(frames, index);
+}
 
-void AnimatedInt::clear()
+template <class V>
+void AnimatedNumber<V>::clear()
 {
     frames.dropAll();
-    setKey(0, 0.0);
+    setKey(V{0}, 0.0);
 }
 
-bool AnimatedReal::writeBinary(QuickArchive& out) const { return writeKeys(out, frames, &interpolate); }
-
-bool AnimatedReal::readBinary(QuickArchive& in)
-{
-    clear();
-    return readKeys<float>(in, &interpolate, [this](float v, double t) { setKey(v, t); });
-}
-
-float AnimatedReal::valueAt(double time) const { return frames.valueAt(time, interpolate, 0.0f, blend); }
-
-double AnimatedReal::keyTime(int32_t index) const { return timeAt(frames, index); }
-
-void AnimatedReal::clear()
-{
-    frames.dropAll();
-    setKey(0.0f, 0.0);
-}
+template class AnimatedNumber<int32_t>;
+template class AnimatedNumber<float>;
 
 Transform AnimatedTransform::identity()
 {

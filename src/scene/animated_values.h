@@ -89,18 +89,20 @@ private:
     Map map;
 };
 
-// A key-framed i32, interpolated (truncating toward zero) or held.
-class AnimatedInt : public TalvexSerializable, public TalvexXMLSerializable {
+// A key-framed number, interpolated or held by its `interpolate` flag. Integers interpolate on
+// their f32 forms and truncate toward zero.
+template <class V>
+class AnimatedNumber : public TalvexSerializable, public TalvexXMLSerializable {
 public:
     bool interpolate;
 
-    explicit AnimatedInt(bool interpolate = false) : interpolate(interpolate) {}
+    explicit AnimatedNumber(bool interpolate) : interpolate(interpolate) {}
 
     bool writeBinary(QuickArchive& out) const override;
     // Reads into a cleared container: the default key at time 0 stays unless the file has one there.
     bool readBinary(QuickArchive& in) override;
-    virtual int32_t valueAt(double time) const;
-    virtual void setKey(int32_t value, double time) { frames.set(value, time); }
+    virtual V valueAt(double time) const;
+    virtual void setKey(V value, double time) { frames.set(value, time); }
     virtual int32_t keyCount() const { return static_cast<int32_t>(frames.keys().size()); }
     // 0.0 when the index is out of range.
     virtual double keyTime(int32_t index) const;
@@ -111,44 +113,27 @@ public:
     std::u16string pluginType() const override { return {}; }
     std::u16string assetType() const override { return {}; }
 
-    const KeyFrames<int32_t>& keys() const { return frames; }
-    bool operator==(const AnimatedInt& other) const
+    const KeyFrames<V>& keys() const { return frames; }
+    bool operator==(const AnimatedNumber& other) const
     {
         return interpolate == other.interpolate && frames == other.frames;
     }
 
 private:
-    KeyFrames<int32_t> frames;
+    KeyFrames<V> frames;
 };
 
-// A key-framed f32, interpolated or held.
-class AnimatedReal : public TalvexSerializable, public TalvexXMLSerializable {
+extern template class AnimatedNumber<int32_t>;
+extern template class AnimatedNumber<float>;
+
+class AnimatedInt : public AnimatedNumber<int32_t> {
 public:
-    bool interpolate;
+    explicit AnimatedInt(bool interpolate = false) : AnimatedNumber(interpolate) {}
+};
 
-    explicit AnimatedReal(bool interpolate = false) : interpolate(interpolate) {}
-
-    bool writeBinary(QuickArchive& out) const override;
-    // Reads into a cleared container: the default key at time 0 stays unless the file has one there.
-    bool readBinary(QuickArchive& in) override;
-    virtual float valueAt(double time) const;
-    virtual void setKey(float value, double time) { frames.set(value, time); }
-    virtual int32_t keyCount() const { return static_cast<int32_t>(frames.keys().size()); }
-    virtual double keyTime(int32_t index) const;
-    virtual void clear();
-
-    void writeXml(AssetXmlWriter&, std::u16string) const override {}
-    std::u16string pluginType() const override { return {}; }
-    std::u16string assetType() const override { return {}; }
-
-    const KeyFrames<float>& keys() const { return frames; }
-    bool operator==(const AnimatedReal& other) const
-    {
-        return interpolate == other.interpolate && frames == other.frames;
-    }
-
-private:
-    KeyFrames<float> frames;
+class AnimatedReal : public AnimatedNumber<float> {
+public:
+    explicit AnimatedReal(bool interpolate = false) : AnimatedNumber(interpolate) {}
 };
 
 // A key-framed transform; it always interpolates, each of its twelve numbers by itself.

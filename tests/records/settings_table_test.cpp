@@ -80,12 +80,13 @@ constexpr auto powerMigration = migratedSetting<Lamp>([](QuickArchive& in, Lamp&
     return true;
 });
 constexpr auto socketRecord = embeddedRecord<&Lamp::socket>();
+constexpr auto reservedOne = reservedWord<Lamp, 1.0f>();
 constexpr auto shadeSlot = childSlot<&Lamp::shade>("shade_tex");
 constexpr auto doubledPower =
     computedSetting<Lamp>([](const Lamp& h) -> ShownValue { return h.power * 2; });
 
 // Record order differs from XML order on purpose.
-constexpr std::array<Setting<Lamp>, 12> lampSettings{{
+constexpr std::array<Setting<Lamp>, 13> lampSettings{{
     {"on", &Lamp::on, 1, 1, "SettingsLamp", 0, Form::Bool},
     {"power", &Lamp::power, 60.0f, 1, "SettingsLamp", 3, Form::Float, {}, false, &powerMigration},
     {"mode", &Lamp::mode, 7u, 1, "SettingsLamp", 2, Form::Int, "Lamp Mode", true},
@@ -97,6 +98,7 @@ constexpr std::array<Setting<Lamp>, 12> lampSettings{{
     {"time", &Lamp::time, 2.5, 2, "SettingsLamp", 8, Form::Float},
     {"boost", &Lamp::boost, 1.5f, 3},
     {"shade", {}, 0, 3, "SettingsLamp", 10, Form::Plugin, {}, false, &shadeSlot},
+    {"reserved", {}, 0, 3, {}, 0, Form::Hidden, {}, false, &reservedOne},
     {"double_power", {}, 0, 0, "SettingsLamp", 9, Form::Float, {}, false, &doubledPower},
 }};
 constexpr std::array<Setting<Room>, 2> roomSettings{{
@@ -228,7 +230,7 @@ TEST(SettingsTable, NewestRecordWritesBackByteForByteAndCompares)
 {
     ByteBuilder v3;
     v3.i32(2).f32(75).u32(1).color(0.5f, 0.5f, 0.5f).i32(-4).str("n").str("b.exr").tag(1).i32(2).f64(9).f32(3);
-    v3.boolean(true).u32(4).tag(1).i32(12);
+    v3.boolean(true).u32(4).tag(1).i32(12).f32(1.0f);
     Lamp lamp = defaultLamp();
     QuickArchive in = v3.archive();
     ASSERT_TRUE(readSettings(lampSettings, in, lamp, 3));
@@ -236,6 +238,17 @@ TEST(SettingsTable, NewestRecordWritesBackByteForByteAndCompares)
     QuickArchive out(1);
     ASSERT_TRUE(writeSettings(lampSettings, out, lamp));
     EXPECT_EQ(writtenBytes(out), v3.bytes);
+
+    // The reserved word is read past and written as its constant whatever the file held.
+    ByteBuilder other = v3;
+    other.bytes.resize(other.bytes.size() - 4);
+    other.f32(5.0f);
+    in = other.archive();
+    ASSERT_TRUE(readSettings(lampSettings, in, lamp, 3));
+    EXPECT_EQ(in.readPosition(), other.bytes.size());
+    QuickArchive rewritten(1);
+    ASSERT_TRUE(writeSettings(lampSettings, rewritten, lamp));
+    EXPECT_EQ(writtenBytes(rewritten), v3.bytes);
 
     Lamp copy = lamp;
     EXPECT_TRUE(settingsEqual(lampSettings, lamp, copy));
