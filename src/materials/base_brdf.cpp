@@ -83,12 +83,11 @@ void Base_BRDF::writeLayerXml(AssetXmlWriter& writer, const std::u16string& url,
     frame.close();
 }
 
-void Base_BRDF::upgradeFresnel(std::shared_ptr<BaseTexture>& transparency_tex, float fresnelIndex,
-                               uint32_t fresnelSwitch)
+void LegacyFresnel::upgrade(std::shared_ptr<BaseTexture>& transparency_tex) const
 {
-    if (fresnelSwitch == 0) return;
+    if (on == 0) return;
     auto fresnel = std::make_shared<FresnelTexture>();
-    fresnel->fresnel_ior = fresnelIndex;
+    fresnel->fresnel_ior = index;
     transparency_tex = fresnel;
 }
 

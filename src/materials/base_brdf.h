@@ -35,6 +35,17 @@ struct LayerParameter {
     const char* urlWord = nullptr;
 };
 
+// The two retired values that old reflection records (mirror and glossy) keep in their heads where
+// newer ones keep a transparency texture: a Fresnel index and a Fresnel switch.
+struct LegacyFresnel {
+    float index = 0;
+    uint32_t on = 0;
+
+    // After the record's children are in: a switch that is not 0 makes a new Fresnel texture of
+    // that index the transparency texture, whatever the record gave it.
+    void upgrade(std::shared_ptr<BaseTexture>& transparency_tex) const;
+};
+
 class Base_BRDF : public TalvexSerializable, public TalvexXMLSerializable {
 public:
     std::u16string name;  // the last component of the layer's url
@@ -66,11 +77,6 @@ protected:
     // asset under the layer's url and its url word, then the layer with its parameters in order.
     void writeLayerXml(AssetXmlWriter& writer, const std::u16string& url,
                        std::initializer_list<LayerParameter> parameters) const;
-
-    // Old reflection records keep a Fresnel switch and index where newer ones keep a texture: a
-    // switch that is on makes a new Fresnel texture of that index the transparency texture.
-    static void upgradeFresnel(std::shared_ptr<BaseTexture>& transparency_tex, float fresnelIndex,
-                               uint32_t fresnelSwitch);
 };
 
 using BRDFPtr = std::shared_ptr<Base_BRDF>;

@@ -22,40 +22,69 @@ bool Glossy_BRDF::writeBinary(QuickArchive& out) const
     return writeBaseRecord(out);
 }
 
-// Glossy layer. Versions 1 to 5 keep a Fresnel index and switch where version 6 keeps the
-// transparency texture; version 2 stored texture paths, version 3 added the anisotropy and
-// version 5 the name.
+// Glossy layer. The newest version keeps the transparency texture and its multiplier; versions 1
+// to 5 share a head with the legacy Fresnel values in their place, and each has its own tail.
 bool Glossy_BRDF::readBinary(QuickArchive& in)
 {
     const auto version = readVersion(in, {1, 2, 3, 4, 5, 6});
     resetDefaults();
     if (!version) return false;
     transparency_tex = nullptr;
-    float fresnelIndex = 0;
-    uint32_t fresnelSwitch = 0;
+    if (*version == 6) return readNewest(in);
+
+    LegacyFresnel fresnel;
     in.readColor(color); in.readColor(filter_color);
     in.readF32(hilightGlossiness); in.readF32(reflectionGlossiness);
-    if (*version <= 5) in.readF32(fresnelIndex);
+    in.readF32(fresnel.index);
     in.readF32(cutoff); in.readU32(subdivs);
-    if (*version <= 5) in.readU32(fresnelSwitch);
+    in.readU32(fresnel.on);
     in.readU32(back_side); in.readU32(aux_int);
-    if (*version >= 2) {
-        in.readF32(color_tex_mult); in.readF32(hilightGlossiness_tex_mult);
-        in.readF32(reflectionGlossiness_tex_mult);
-    }
-    if (*version == 6) in.readF32(transparency_tex_mult);
-    if (*version == 2 || *version == 3) {
+
+    switch (*version) {
+    case 1: break;
+    case 2:
+        readMultipliers(in);
         readFileChildren(in, color_tex, hilightGlossiness_tex, reflectionGlossiness_tex);
-    } else if (*version >= 4) {
+        break;
+    case 3:
+        readMultipliers(in);
+        readFileChildren(in, color_tex, hilightGlossiness_tex, reflectionGlossiness_tex);
+        readAnisotropy(in);
+        break;
+    default:  // 4, and 5 with the base record behind
+        readMultipliers(in);
         if (!readChild(in, color_tex) || !readChild(in, hilightGlossiness_tex) ||
             !readChild(in, reflectionGlossiness_tex))
             return false;
-        if (*version == 6 && !readChild(in, transparency_tex)) return false;
+        readAnisotropy(in);
+        break;
     }
-    if (*version >= 3) { in.readF32(anisotropy); in.readF32(anisotropy_rotation); }
-    upgradeFresnel(transparency_tex, fresnelIndex, fresnelSwitch);
-    if (*version <= 4) return true;
+    fresnel.upgrade(transparency_tex);
+    return *version <= 4 || readBaseRecord(in);
+}
+
+bool Glossy_BRDF::readNewest(QuickArchive& in)
+{
+    in.readColor(color); in.readColor(filter_color);
+    in.readF32(hilightGlossiness); in.readF32(reflectionGlossiness); in.readF32(cutoff);
+    in.readU32(subdivs); in.readU32(back_side); in.readU32(aux_int);
+    readMultipliers(in);
+    in.readF32(transparency_tex_mult);
+    if (!readChild(in, color_tex) || !readChild(in, hilightGlossiness_tex) ||
+        !readChild(in, reflectionGlossiness_tex) || !readChild(in, transparency_tex))
+        return false;
+    readAnisotropy(in);
     return readBaseRecord(in);
+}
+
+void Glossy_BRDF::readMultipliers(QuickArchive& in)
+{
+    in.readF32(color_tex_mult); in.readF32(hilightGlossiness_tex_mult); in.readF32(reflectionGlossiness_tex_mult);
+}
+
+void Glossy_BRDF::readAnisotropy(QuickArchive& in)
+{
+    in.readF32(anisotropy); in.readF32(anisotropy_rotation);
 }
 
 void Glossy_BRDF::resetDefaults()

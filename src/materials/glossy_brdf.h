@@ -43,6 +43,13 @@ public:
 protected:
     // Gives the copy clones of this layer's children in place of the shared ones.
     BRDFPtr withClonedChildren(std::shared_ptr<Glossy_BRDF> copy) const;
+
+private:
+    // The newest record behind its tag.
+    bool readNewest(QuickArchive& in);
+    // Rows that recur in several versions: the three texture multipliers, the anisotropy pair.
+    void readMultipliers(QuickArchive& in);
+    void readAnisotropy(QuickArchive& in);
 };
 
 class Phong_BRDF final : public Glossy_BRDF {

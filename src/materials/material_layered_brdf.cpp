@@ -15,23 +15,17 @@ constexpr uint64_t minimumLayerBytes = 8;
 // A list of layers: a count, then each layer's type id and record, with no presence byte.
 bool readLayers(QuickArchive& in, std::vector<BRDFPtr>& layers)
 {
-    uint64_t count = 0;
-    in.readCount(count);
-    if (!in.countFits(count, minimumLayerBytes)) return false;
-    for (uint64_t i = 0; i < count; ++i) {
+    return readCountedList(in, minimumLayerBytes, [&] {
         BRDFPtr layer;
         if (!readRequiredChild(in, layer)) return false;
         layers.push_back(layer);
-    }
-    return true;
+        return true;
+    });
 }
 
 bool writeLayers(QuickArchive& out, const std::vector<BRDFPtr>& layers)
 {
-    out.writeCount(layers.size());
-    for (const BRDFPtr& layer : layers)
-        if (!writeRequiredChild(out, layer)) return false;
-    return true;
+    return writeCountedList(out, layers, [&](const BRDFPtr& layer) { return writeRequiredChild(out, layer); });
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ bool Mirror_BRDF::writeBinary(QuickArchive& out) const
     return writeBaseRecord(out);
 }
 
-// Mirror layer. Versions 1 to 4 keep a Fresnel index and switch where version 5 keeps only the
+// Mirror layer. Versions 1 to 4 keep the legacy Fresnel values where version 5 keeps only the
 // transparency texture; version 1 stored one path, version 2 two, the name came with version 4.
 bool Mirror_BRDF::readBinary(QuickArchive& in)
 {
@@ -26,13 +26,12 @@ bool Mirror_BRDF::readBinary(QuickArchive& in)
     resetDefaults();
     if (!version) return false;
     transparency_tex = nullptr;
-    float fresnelIndex = 0;
-    uint32_t fresnelSwitch = 0;
+    LegacyFresnel fresnel;
     in.readColor(color); in.readColor(filter_color);
     in.readF32(transparency_tex_mult);
-    if (*version <= 4) in.readF32(fresnelIndex);
+    if (*version <= 4) in.readF32(fresnel.index);
     in.readF32(cutoff);
-    if (*version <= 4) in.readU32(fresnelSwitch);
+    if (*version <= 4) in.readU32(fresnel.on);
     in.readU32(mirror_aux_int);
     if (*version == 1) {
         readFileChildren(in, transparency_tex);
@@ -46,7 +45,7 @@ bool Mirror_BRDF::readBinary(QuickArchive& in)
         in.readF32(color_tex_mult);
         if (!readChild(in, transparency_tex) || !readChild(in, color_tex)) return false;
     }
-    upgradeFresnel(transparency_tex, fresnelIndex, fresnelSwitch);
+    fresnel.upgrade(transparency_tex);
     if (*version <= 3) return true;
     return readBaseRecord(in);
 }

@@ -222,15 +222,13 @@ void SceneMaterials::writeXml(AssetXmlWriter& writer) const
 bool SceneMaterials::writeBinary(QuickArchive& out) const
 {
     writeVersion(out, 2);
-    out.writeCount(materials.size());
-    for (const auto& entry : materials)
-        if (!writeRequiredChild(out, entry.second)) return false;
-    out.writeCount(uuids.size());
-    for (const auto& [key, value] : uuids) {
-        out.writeWString(key);
-        out.writeWString(value);
-    }
-    return true;
+    if (!writeCountedList(out, materials, [&](const auto& entry) { return writeRequiredChild(out, entry.second); }))
+        return false;
+    return writeCountedList(out, uuids, [&](const auto& entry) {
+        out.writeWString(entry.first);
+        out.writeWString(entry.second);
+        return true;
+    });
 }
 
 bool SceneMaterials::readBinary(QuickArchive& in)
@@ -238,30 +236,24 @@ bool SceneMaterials::readBinary(QuickArchive& in)
     clear();
     const auto version = readVersion(in, {1, 2});
     if (!version) return false;
-    uint64_t count = 0;
-    in.readCount(count);
-    if (!in.countFits(count, minimumMaterialBytes)) return false;
-    for (uint64_t i = 0; i < count; ++i) {
+    const bool listed = readCountedList(in, minimumMaterialBytes, [&] {
         MaterialPtr material;
         if (!readRequiredChild(in, material)) return false;
-        if (*version == 1) {
-            // Version 1 stored no identifiers: adding the material makes one.
-            if (!addMaterial(material)) return false;
-        } else {
-            // A repeated name is ignored, and its identifier is not made.
-            materials.emplace(material->name, material);
-        }
-    }
+        // Version 1 stored no identifiers: adding the material makes one.
+        if (*version == 1) return addMaterial(material);
+        // A repeated name is ignored, and its identifier is not made.
+        materials.emplace(material->name, material);
+        return true;
+    });
+    if (!listed) return false;
     if (*version == 1) return true;
-    in.readCount(count);
-    if (!in.countFits(count, minimumUuidEntryBytes)) return false;
-    for (uint64_t i = 0; i < count; ++i) {
+    return readCountedList(in, minimumUuidEntryBytes, [&] {
         std::u16string key, value;
         in.readWString(key);
         in.readWString(value);
         uuids.emplace(key, value);
-    }
-    return true;
+        return true;
+    });
 }
 
 }  // namespace TalvexCore

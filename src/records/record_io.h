@@ -1,4 +1,4 @@
-// The recurring forms of a record: the version gate and the child slots.
+// The recurring forms of a record: the version gate, the child slots and the counted list.
 #pragma once
 
 #include <cstdint>
@@ -52,6 +52,30 @@ bool writeChild(QuickArchive& out, const std::shared_ptr<T>& child)
 {
     out.writeBool(child != nullptr);
     return !child || writeRequiredChild(out, child);
+}
+
+// A counted list: a count32, then each element as `readElement` reads it, stopping at the first that
+// fails. A count of more elements than the bytes left can hold, each at least `minimumBytes`,
+// fails the list before anything is read or made.
+template <class ReadElement>
+bool readCountedList(QuickArchive& in, uint64_t minimumBytes, ReadElement&& readElement)
+{
+    uint64_t count = 0;
+    in.readCount(count);
+    if (!in.countFits(count, minimumBytes)) return false;
+    for (uint64_t i = 0; i < count; ++i)
+        if (!readElement()) return false;
+    return true;
+}
+
+// The count of `elements`, then each as `writeElement` writes it, stopping at the first that fails.
+template <class Elements, class WriteElement>
+bool writeCountedList(QuickArchive& out, const Elements& elements, WriteElement&& writeElement)
+{
+    out.writeCount(elements.size());
+    for (const auto& element : elements)
+        if (!writeElement(element)) return false;
+    return true;
 }
 
 // Deep copy of a child slot: a present child is cloned, an empty one stays empty.

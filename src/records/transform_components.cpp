@@ -3,13 +3,14 @@
 #include <cmath>
 
 #include "archive/quick_archive.h"
+#include "records/record_io.h"
 #include "records/shared_constants.h"
 
 namespace TalvexCore {
 
 namespace {
 
-constexpr uint32_t componentsTag = 0x10000;
+constexpr uint32_t componentsVersion = 1;
 
 using M3 = std::array<std::array<float, 3>, 3>;  // [row][column]
 
@@ -44,7 +45,7 @@ M3 axisScale(int axis, float scale, int32_t mirror)
 
 bool TransformComponents::writeBinary(QuickArchive& out) const
 {
-    out.writeU32(componentsTag);
+    writeVersion(out, componentsVersion);
     for (float v : {x_rotation, y_rotation, z_rotation, x_scale, y_scale, z_scale, x_offset, y_offset, z_offset})
         out.writeF32(v);
     for (int32_t v : {x_mirror, y_mirror, z_mirror}) out.writeI32(v);
@@ -53,10 +54,9 @@ bool TransformComponents::writeBinary(QuickArchive& out) const
 
 bool TransformComponents::readBinary(QuickArchive& in)
 {
+    // A refused tag leaves the defaults, scale 1 among them.
     resetDefaults();
-    uint32_t tag = 0;
-    in.readU32(tag);
-    if (tag != componentsTag) return false;
+    if (!readVersion(in, {componentsVersion})) return false;
     for (float* v : {&x_rotation, &y_rotation, &z_rotation, &x_scale, &y_scale, &z_scale, &x_offset, &y_offset,
                      &z_offset})
         in.readF32(*v);

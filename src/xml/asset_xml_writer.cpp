@@ -1,5 +1,8 @@
 #include "xml/asset_xml_writer.h"
 
+#include <algorithm>
+
+#include "archive/text_conversion.h"
 #include "records/transform_components.h"
 #include "xml/number_text.h"
 
@@ -7,10 +10,8 @@ namespace TalvexCore {
 
 namespace {
 
-void appendAscii(std::u16string& out, std::string_view text)
-{
-    out.append(text.begin(), text.end());
-}
+// Indentation is cut from one prepared run of blanks.
+constexpr std::string_view blanks = "                                                                ";
 
 // Replaces every `from` by `to`, going on behind each replacement; one pass, however many there are.
 void replaceAll(std::u16string& text, std::u16string_view from, std::u16string_view to)
@@ -36,16 +37,57 @@ bool needsEscaping(std::u16string_view text)
 
 }  // namespace
 
-AssetXmlWriter::AssetXmlWriter(std::u16string& stream) : out(stream) {}
+AssetXmlWriter::AssetXmlWriter(std::u16string& stream) : wideOut(&stream) {}
+
+AssetXmlWriter::AssetXmlWriter(std::string& utf8Stream) : utf8Out(&utf8Stream) {}
 
 void AssetXmlWriter::flush()
 {
-    if (flushSink) flushSink(out);
+    if (wideOut && flushSink) flushSink(*wideOut);
+    if (utf8Out && utf8FlushSink) utf8FlushSink(*utf8Out);
+}
+
+void AssetXmlWriter::put(std::string_view ascii)
+{
+    if (utf8Out) utf8Out->append(ascii);
+    else wideOut->append(ascii.begin(), ascii.end());
+}
+
+void AssetXmlWriter::putChar(char ascii)
+{
+    if (utf8Out) utf8Out->push_back(ascii);
+    else wideOut->push_back(static_cast<char16_t>(ascii));
+}
+
+void AssetXmlWriter::putWide(std::u16string_view text)
+{
+    if (utf8Out) appendWideAsNarrow(*utf8Out, text);
+    else wideOut->append(text);
+}
+
+void AssetXmlWriter::putText(const XmlText& text)
+{
+    if (utf8Out) text.appendUtf8To(*utf8Out);
+    else text.appendTo(*wideOut);
+}
+
+void AssetXmlWriter::putFloat(float value)
+{
+    if (utf8Out) appendFloat(*utf8Out, value);
+    else appendFloat(*wideOut, value);
+}
+
+void AssetXmlWriter::putInt(int32_t value)
+{
+    if (utf8Out) appendInt(*utf8Out, value);
+    else appendInt(*wideOut, value);
 }
 
 void AssetXmlWriter::indent()
 {
-    for (int32_t i = 0; i < indentLevel; ++i) out.append(u"  ", 2);
+    std::size_t width = 2 * static_cast<std::size_t>(std::max(indentLevel, 0));
+    for (; width > blanks.size(); width -= blanks.size()) put(blanks);
+    put(blanks.substr(0, width));
 }
 
 std::u16string AssetXmlWriter::indentText() const
@@ -55,41 +97,34 @@ std::u16string AssetXmlWriter::indentText() const
     return text;
 }
 
-void AssetXmlWriter::line(std::u16string_view text)
-{
-    indent();
-    out.append(text);
-    out.push_back(u'\n');
-}
-
 void AssetXmlWriter::lineAscii(std::string_view text)
 {
     indent();
-    appendAscii(out, text);
-    out.push_back(u'\n');
+    put(text);
+    putChar('\n');
 }
 
 void AssetXmlWriter::appendEscaped(const XmlText& text)
 {
     std::u16string scratch;
     const std::u16string_view view = text.wideView(scratch);
-    if (needsEscaping(view)) out += escapeXml(view, true);
-    else out.append(view);
+    if (needsEscaping(view)) putWide(escapeXml(view, true));
+    else putWide(view);
 }
 
 void AssetXmlWriter::openRoot(XmlText tag)
 {
     rootTag = tag.toWide();
-    out.push_back(u'<');
-    out += rootTag;
-    out.append(u">\n");
+    putChar('<');
+    putWide(rootTag);
+    put(">\n");
 }
 
 void AssetXmlWriter::closeRoot()
 {
-    out.append(u"</");
-    out += rootTag;
-    out.append(u">\n");
+    put("</");
+    putWide(rootTag);
+    put(">\n");
     flush();
 }
 
@@ -97,17 +132,17 @@ void AssetXmlWriter::openTag(XmlText tag)
 {
     ++indentLevel;
     indent();
-    out.push_back(u'<');
-    tag.appendTo(out);
-    out.append(u">\n");
+    putChar('<');
+    putText(tag);
+    put(">\n");
 }
 
 void AssetXmlWriter::closeTag(XmlText tag)
 {
     indent();
-    out.append(u"</");
-    tag.appendTo(out);
-    out.append(u">\n");
+    put("</");
+    putText(tag);
+    put(">\n");
     --indentLevel;
 }
 
@@ -115,13 +150,13 @@ void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout)
 {
     ++indentLevel;
     indent();
-    out.append(u"<Asset layout=\"");
-    layout.appendTo(out);
-    out.append(u"\" renderer=\"nuva\" type=\"");
-    type.appendTo(out);
-    out.append(u"\" url=\"");
+    put("<Asset layout=\"");
+    putText(layout);
+    put("\" renderer=\"nuva\" type=\"");
+    putText(type);
+    put("\" url=\"");
     appendEscaped(url);
-    out.append(u"\" >\n");
+    put("\" >\n");
 }
 
 void AssetXmlWriter::closeAsset()
@@ -136,11 +171,11 @@ void AssetXmlWriter::openPlugin(XmlText name, XmlText type)
     lineAscii("<plugin>");
     ++indentLevel;
     indent();
-    out.append(u"<nuvaplugin name=\"");
-    name.appendTo(out);
-    out.append(u"\" type=\"");
-    type.appendTo(out);
-    out.append(u"\">\n");
+    put("<nuvaplugin name=\"");
+    putText(name);
+    put("\" type=\"");
+    putText(type);
+    put("\">\n");
 }
 
 void AssetXmlWriter::closePlugin()
@@ -170,17 +205,17 @@ void AssetXmlWriter::parameterHead(std::string_view type, const XmlText& name, s
                                    const XmlText& listType, const XmlText& label, bool isUserData)
 {
     indent();
-    out.append(u"<parameter type=\"");
-    appendAscii(out, type);
-    out.append(u"\" name=\"");
-    name.appendTo(out);
-    out.append(u"\" handler=\"");
-    appendAscii(out, handler);
-    out.append(u"\" listType=\"");
-    listType.appendTo(out);
-    out.append(isUserData ? std::u16string_view(u"\" isUserData=\"1\" label=\"") : std::u16string_view(u"\" label=\""));
-    (label.empty() ? name : label).appendTo(out);
-    out.append(u"\">\n");
+    put("<parameter type=\"");
+    put(type);
+    put("\" name=\"");
+    putText(name);
+    put("\" handler=\"");
+    put(handler);
+    put("\" listType=\"");
+    putText(listType);
+    put(isUserData ? std::string_view("\" isUserData=\"1\" label=\"") : std::string_view("\" label=\""));
+    putText(label.empty() ? name : label);
+    put("\">\n");
     ++indentLevel;
 }
 
@@ -193,12 +228,12 @@ void AssetXmlWriter::parameterEnd()
 void AssetXmlWriter::inlineValueStart()
 {
     indent();
-    out.append(u"<value>");
+    put("<value>");
 }
 
 void AssetXmlWriter::inlineValueEnd()
 {
-    out.append(u"</value>\n");
+    put("</value>\n");
     parameterEnd();
 }
 
@@ -219,7 +254,7 @@ void AssetXmlWriter::writeFloat(XmlText name, float value, XmlText label, bool i
 {
     parameterHead("float", name, "default", "none", label, isUserData);
     inlineValueStart();
-    appendFloat(out, value);
+    putFloat(value);
     inlineValueEnd();
 }
 
@@ -227,7 +262,7 @@ void AssetXmlWriter::writeInt(XmlText name, int32_t value, XmlText label, bool i
 {
     parameterHead("integer", name, "default", "none", label, isUserData);
     inlineValueStart();
-    appendInt(out, value);
+    putInt(value);
     inlineValueEnd();
 }
 
@@ -235,7 +270,7 @@ void AssetXmlWriter::writeBool(XmlText name, bool value, XmlText label, bool isU
 {
     parameterHead("bool", name, "default", "none", label, isUserData);
     inlineValueStart();
-    out.push_back(value ? u'1' : u'0');
+    putChar(value ? '1' : '0');
     inlineValueEnd();
 }
 
@@ -243,7 +278,7 @@ void AssetXmlWriter::writeString(XmlText name, XmlText value, XmlText label, boo
 {
     parameterHead("string", name, "default", "none", label, isUserData);
     inlineValueStart();
-    value.appendTo(out);
+    putText(value);
     inlineValueEnd();
 }
 
@@ -259,7 +294,7 @@ void AssetXmlWriter::writePluginName(XmlText name, XmlText value, XmlText label)
 {
     parameterHead("plugin", name, "default", "none", label, false);
     inlineValueStart();
-    value.appendTo(out);
+    putText(value);
     inlineValueEnd();
 }
 
@@ -273,8 +308,8 @@ void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref,
     inlineValueStart();
     appendEscaped(url);
     if (const std::optional<std::u16string> tail = ref->referenceName()) {
-        out.push_back(u'/');
-        out.append(*tail);
+        putChar('/');
+        putWide(*tail);
     }
     inlineValueEnd();
 }
@@ -282,25 +317,25 @@ void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref,
 void AssetXmlWriter::floatLine(std::string_view tag, float value)
 {
     indent();
-    out.push_back(u'<');
-    appendAscii(out, tag);
-    out.push_back(u'>');
-    appendFloat(out, value);
-    out.append(u"</");
-    appendAscii(out, tag);
-    out.append(u">\n");
+    putChar('<');
+    put(tag);
+    putChar('>');
+    putFloat(value);
+    put("</");
+    put(tag);
+    put(">\n");
 }
 
 void AssetXmlWriter::intLine(std::string_view tag, int32_t value)
 {
     indent();
-    out.push_back(u'<');
-    appendAscii(out, tag);
-    out.push_back(u'>');
-    appendInt(out, value);
-    out.append(u"</");
-    appendAscii(out, tag);
-    out.append(u">\n");
+    putChar('<');
+    put(tag);
+    putChar('>');
+    putInt(value);
+    put("</");
+    put(tag);
+    put(">\n");
 }
 
 void AssetXmlWriter::vectorBlock(const Vector& v)
@@ -347,7 +382,7 @@ void AssetXmlWriter::writeMatrix(XmlText name, const Matrix& value, XmlText labe
 {
     parameterHead("matrix", name, "default", "none", label, false);
     blockValueStart();
-    out.push_back(u'\n');  // the matrix form keeps an empty line behind its value tag
+    putChar('\n');  // the matrix form keeps an empty line behind its value tag
     lineAscii("<matrix>");
     ++indentLevel;
     for (const Vector& v : value.v) vectorBlock(v);
@@ -406,17 +441,17 @@ void AssetXmlWriter::openList(XmlText name, XmlText elementType, XmlText label)
 void AssetXmlWriter::writeEntry(XmlText text)
 {
     indent();
-    out.append(u"<entry>");
+    put("<entry>");
     appendEscaped(text);
-    out.append(u"</entry>\n");
+    put("</entry>\n");
 }
 
 void AssetXmlWriter::writeStringEntry(XmlText text)
 {
     indent();
-    out.append(u"<string>\"");
-    text.appendTo(out);
-    out.append(u"\"</string>\n");
+    put("<string>\"");
+    putText(text);
+    put("\"</string>\n");
 }
 
 void AssetXmlWriter::closeList()
@@ -429,7 +464,7 @@ void AssetXmlWriter::closeList()
 
 void AssetXmlWriter::writeRaw(XmlText text)
 {
-    text.appendTo(out);
+    putText(text);
 }
 
 std::u16string AssetXmlWriter::unescapeXml(std::u16string_view text)

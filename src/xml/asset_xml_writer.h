@@ -17,16 +17,21 @@ namespace TalvexCore {
 
 class TransformComponents;
 
-// Appends text to a wide string; it builds no tree and checks no balance, so the caller's order
-// of calls is the document's order. Lines end in a line feed; each level indents two blanks.
+// Appends text to a wide string, or the same text as UTF-8 to a narrow one; it builds no tree and
+// checks no balance, so the caller's order of calls is the document's order. Lines end in a line
+// feed; each level indents two blanks.
 class AssetXmlWriter {
 public:
     // Takes the text written so far and empties it, so that a long document can be written out
     // in pieces. Called wherever the writer flushes its stream.
     using FlushSink = std::function<void(std::u16string& text)>;
+    using Utf8FlushSink = std::function<void(std::string& text)>;
 
     explicit AssetXmlWriter(std::u16string& stream);
+    // The same document as UTF-8, with no wide text in between.
+    explicit AssetXmlWriter(std::string& utf8Stream);
     void setFlushSink(FlushSink sink) { flushSink = std::move(sink); }
+    void setFlushSink(Utf8FlushSink sink) { utf8FlushSink = std::move(sink); }
     void flush();
 
     void openRoot(XmlText tag);
@@ -86,8 +91,15 @@ public:
     int32_t sunUrlMode = 1;
 
 private:
+    // Where text goes: constant ASCII text, one ASCII character, the model's wide text, a text
+    // handed in, and numbers, each appended in one step to whichever stream the writer has.
+    void put(std::string_view ascii);
+    void putChar(char ascii);
+    void putWide(std::u16string_view text);
+    void putText(const XmlText& text);
+    void putFloat(float value);
+    void putInt(int32_t value);
     void indent();
-    void line(std::u16string_view text);
     void lineAscii(std::string_view text);
     void parameterHead(std::string_view type, const XmlText& name, std::string_view handler,
                        const XmlText& listType, const XmlText& label, bool isUserData);
@@ -104,10 +116,12 @@ private:
                         const XmlText& label);
     void appendEscaped(const XmlText& text);
 
-    std::u16string& out;
+    std::u16string* wideOut = nullptr;  // one of the two is set
+    std::string* utf8Out = nullptr;
     int32_t indentLevel = 0;
     std::u16string rootTag;
     FlushSink flushSink;
+    Utf8FlushSink utf8FlushSink;
 };
 
 }  // namespace TalvexCore

@@ -27,6 +27,23 @@ std::size_t floatText(char (&buf)[48], double value)
     return n;
 }
 
+// Numbers are formatted on the stack and appended in one step, to either width.
+template <class Text>
+void appendFloatTo(Text& out, double value)
+{
+    char buf[48];
+    const std::size_t n = floatText(buf, value);
+    out.append(buf, buf + n);
+}
+
+template <class Text>
+void appendIntTo(Text& out, int32_t value)
+{
+    char buf[16];
+    const auto result = std::to_chars(buf, buf + sizeof buf, value);
+    out.append(buf, result.ptr);
+}
+
 }  // namespace
 
 std::string formatFloat(double value)
@@ -35,18 +52,9 @@ std::string formatFloat(double value)
     return std::string(buf, floatText(buf, value));
 }
 
-void appendFloat(std::u16string& out, double value)
-{
-    char buf[48];
-    const std::size_t n = floatText(buf, value);
-    out.append(buf, buf + n);
-}
-
-void appendInt(std::u16string& out, int32_t value)
-{
-    char buf[16];
-    const auto result = std::to_chars(buf, buf + sizeof buf, value);
-    out.append(buf, result.ptr);
-}
+void appendFloat(std::u16string& out, double value) { appendFloatTo(out, value); }
+void appendFloat(std::string& out, double value) { appendFloatTo(out, value); }
+void appendInt(std::u16string& out, int32_t value) { appendIntTo(out, value); }
+void appendInt(std::string& out, int32_t value) { appendIntTo(out, value); }
 
 }  // namespace TalvexCore

@@ -10,6 +10,8 @@ namespace TalvexCore {
 // least three digits: 0.5, 1, 1.23457e+006, 1e-005.
 std::string formatFloat(double value);
 void appendFloat(std::u16string& out, double value);
+void appendFloat(std::string& out, double value);
 void appendInt(std::u16string& out, int32_t value);
+void appendInt(std::string& out, int32_t value);
 
 }  // namespace TalvexCore

@@ -70,6 +70,8 @@ TEST(WideText, NamesCompareWithoutRegardToCase)
     EXPECT_FALSE(NoCaseLess()(u"ALPHA", u"alpha"));
     for (char16_t c : {u'\0', u'\x1F', u'\x7F', u'\x85', u'\x9F'}) EXPECT_TRUE(isWideControl(c)) << int(c);
     for (char16_t c : {u' ', u'\xA0', u'\x20AC'}) EXPECT_FALSE(isWideControl(c)) << int(c);
-    EXPECT_TRUE(isWideDigit(u'0') && isWideDigit(u'9'));
-    EXPECT_FALSE(isWideDigit(u'/') || isWideDigit(u':'));
+    EXPECT_TRUE(isWideDigit(u'0'));
+    EXPECT_TRUE(isWideDigit(u'9'));
+    EXPECT_FALSE(isWideDigit(u'/'));
+    EXPECT_FALSE(isWideDigit(u':'));
 }

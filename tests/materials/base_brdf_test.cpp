@@ -18,7 +18,10 @@ TEST(BRDFFactory, MakesTheLayerOfEachBitAndNothingElse)
         {8, u"BRDFReflection"}, {16, u"BRDFReflection"}, {32, u"BRDFLight"}};
     for (const auto& [id, plugin] : layers) {
         const BRDFPtr layer = createBRDF(id);
-        EXPECT_TRUE(layer && layer->typeId() == id && layer->pluginType() == plugin && layer->name == plugin) << id;
+        ASSERT_TRUE(layer) << id;
+        EXPECT_TRUE(layer->typeId() == id) << id;
+        EXPECT_TRUE(layer->pluginType() == plugin) << id;
+        EXPECT_TRUE(layer->name == plugin) << id;
     }
     for (uint32_t id : {0u, 3u, 5u, 64u, 0xFFFFFFFFu}) EXPECT_FALSE(createBRDF(id)) << id;
 }
@@ -36,10 +39,12 @@ TEST(BRDFRecord, NewestRecordOfEveryClassReadsWritesAndClones)
         EXPECT_EQ(bytesOf(*layer), bytes.bytes);
         const BRDFPtr copy = layer->clone();
         EXPECT_EQ(bytesOf(*copy), bytes.bytes);
-        EXPECT_TRUE(copy->isEqual(layer) && layer->isEqual(copy));
+        EXPECT_TRUE(copy->isEqual(layer));
+        EXPECT_TRUE(layer->isEqual(copy));
         const auto mine = childrenOf(layer), theirs = childrenOf(copy);
         for (std::size_t i = 0; i < mine.size(); ++i) {
-            ASSERT_TRUE(mine[i] && mine[i] != theirs[i]) << i;
+            ASSERT_TRUE(mine[i]) << i;
+            ASSERT_TRUE(mine[i] != theirs[i]) << i;
             std::static_pointer_cast<AColorTexture>(mine[i])->texture.r += 1;
             EXPECT_FALSE(copy->isEqual(layer)) << "every child takes part in equality: " << i;
             std::static_pointer_cast<AColorTexture>(mine[i])->texture.r -= 1;
@@ -69,7 +74,9 @@ TEST(BRDFRecord, EqualityComparesValuesAndTheClass)
     EXPECT_TRUE(a->isEqual(b));
     std::static_pointer_cast<Diffuse_BRDF>(b)->use_color_tex_alpha_as_transparency = true;
     EXPECT_FALSE(a->isEqual(b));
-    EXPECT_FALSE(a->isEqual(nullptr) || a->isEqual(createBRDF(32)) || createBRDF(8)->isEqual(createBRDF(4)));
+    EXPECT_FALSE(a->isEqual(nullptr));
+    EXPECT_FALSE(a->isEqual(createBRDF(32)));
+    EXPECT_FALSE(createBRDF(8)->isEqual(createBRDF(4)));
 }
 
 // A version 3 diffuse record ends with the base record, so each base version can be read through
@@ -85,8 +92,9 @@ TEST(BRDFBaseRecord, EachVersionAddsOneFlagAndEveryVersionStripsTheName)
         for (uint32_t flag = 1; flag < version; ++flag) b.boolean(flag != 1);
         auto layer = loadAs<Diffuse_BRDF>(2, b);
         EXPECT_EQ(layer->name, u"Red Layer \u00e9\u20AC");
-        EXPECT_TRUE(layer->layer_flag_1 == (version < 2) && layer->layer_flag_2 == (version >= 3) &&
-                    layer->layer_flag_3 == (version >= 4));
+        EXPECT_EQ(layer->layer_flag_1, version < 2);
+        EXPECT_EQ(layer->layer_flag_2, version >= 3);
+        EXPECT_EQ(layer->layer_flag_3, version >= 4);
     }
 }
 
@@ -130,7 +138,8 @@ TEST(BRDFXml, IrregularUrlWordsFormsAndValues)
     // The refraction layer's glossiness child stands under "glossy_texture"; the auxiliary values never show.
     const std::string glass = xmlOf(*createdFrom(1), u"/M");
     EXPECT_TRUE(has(glass, "<value>/M/Ice/glossy_texture/TexAColor</value>"));
-    EXPECT_FALSE(has(glass, "7.25") || has(glass, "42"));
+    EXPECT_FALSE(has(glass, "7.25"));
+    EXPECT_FALSE(has(glass, "42"));
     // The twins write one text; back_side is an integer, and the url words are in snake case.
     const std::string glossy = xmlOf(*createdFrom(8), u"/M");
     EXPECT_EQ(glossy, xmlOf(*createdFrom(4), u"/M"));

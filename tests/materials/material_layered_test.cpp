@@ -30,7 +30,9 @@ TEST_F(MaterialLayered, NewestRecordSurvivesWriteAndRead)
     const auto bytes = bytesOf(*source);
     bool ok = false;
     const auto back = loaded<MaterialLayeredBRDF>(ByteBuilder().raw(bytes.data(), bytes.size()), ok);
-    EXPECT_TRUE(ok && back->isEqual(source) && back->name == u"Lacquer");
+    EXPECT_TRUE(ok);
+    EXPECT_TRUE(back->isEqual(source));
+    EXPECT_TRUE(back->name == u"Lacquer");
     EXPECT_EQ(bytesOf(*back), bytes);
 }
 
@@ -42,22 +44,30 @@ TEST_F(MaterialLayered, OlderVersions)
     bool ok = false;
     const auto load = [&ok](const ByteBuilder& bytes) { return loaded<MaterialLayeredBRDF>(bytes, ok); };
     auto material = load(ByteBuilder().tag(1).u32(1).append(layerEntry(2)).u32(0).u32(5).str("Lacquer"));
-    EXPECT_TRUE(ok && material->brdfs.size() == 1 && material->layered_aux_1 == 5);
+    EXPECT_TRUE(ok);
+    EXPECT_TRUE(material->brdfs.size() == 1);
+    EXPECT_TRUE(material->layered_aux_1 == 5);
     EXPECT_EQ(material->name, u"Lacquer1");
     EXPECT_EQ(load(ByteBuilder().tag(1).u32(0).u32(1).u32(0).str("A\tB"))->name, u"A\tB");
     EXPECT_EQ(load(ByteBuilder().tag(1).u32(0).u32(1).u32(0).str(""))->name, u"DefaultMaterial");
 
     material = load(ByteBuilder().tag(2).u32(0).u32(0).u32(3).tag(2).str("Lacquer\n").str("id-2"));
-    EXPECT_TRUE(ok && material->layered_aux_1 == 3 && material->layered_aux_2 == 1) << "version 2 lacks the second";
-    EXPECT_TRUE(material->name == u"Lacquer" && material->uuid == u"id-2");
+    EXPECT_TRUE(ok);
+    EXPECT_TRUE(material->layered_aux_1 == 3);
+    EXPECT_TRUE(material->layered_aux_2 == 1) << "version 2 lacks the second";
+    EXPECT_TRUE(material->name == u"Lacquer");
+    EXPECT_TRUE(material->uuid == u"id-2");
 
     material = load(ByteBuilder().tag(3).u32(0).u32(1).u32(3).u32(4).u32(5).tag(1).str("").u32(77));
-    EXPECT_TRUE(ok && material->layered_aux_3 == 5 && material->layered_aux_4 == 0) << "version 3 lacks the fourth";
+    EXPECT_TRUE(ok);
+    EXPECT_TRUE(material->layered_aux_3 == 5);
+    EXPECT_TRUE(material->layered_aux_4 == 0) << "version 3 lacks the fourth";
     EXPECT_EQ(material->name, u"DefaultMaterial");
 
     // Version 4 reads its last integer also behind a refused base record.
     material = load(ByteBuilder().tag(4).u32(0).u32(1).u32(0).u32(1).u32(1).tag(3).u32(99));
-    EXPECT_TRUE(!ok && material->layered_aux_4 == 99);
+    EXPECT_TRUE(!ok);
+    EXPECT_TRUE(material->layered_aux_4 == 99);
 }
 
 // The reset comes before the tag's test; then a layer id between the bits, a count far beyond the
@@ -67,7 +77,9 @@ TEST_F(MaterialLayered, RefusedRecordsEndTheLoad)
     auto material = twoLayers();
     QuickArchive in = ByteBuilder().u32(0x40001).archive();
     EXPECT_FALSE(material->readBinary(in));
-    EXPECT_TRUE(material->brdfs.empty() && material->double_sided == 1 && material->uuid.empty());
+    EXPECT_TRUE(material->brdfs.empty());
+    EXPECT_TRUE(material->double_sided == 1);
+    EXPECT_TRUE(material->uuid.empty());
     for (const ByteBuilder& bytes : {ByteBuilder().tag(4).u32(1).u32(3).tag(1),
                                      ByteBuilder().tag(4).u32(0xFFFFFFFF).append(layerEntry(2)),
                                      ByteBuilder().tag(5)}) {
@@ -84,17 +96,21 @@ TEST_F(MaterialLayered, ClonesAndEquality)
     sceneMaterials()->addMaterial(source);
     const auto copy = std::static_pointer_cast<MaterialLayeredBRDF>(source->clone());
     const auto same = std::static_pointer_cast<MaterialLayeredBRDF>(source->cloneSameName());
-    EXPECT_TRUE(copy->name == u"Lacquer1" && same->name == u"Lacquer");
+    EXPECT_TRUE(copy->name == u"Lacquer1");
+    EXPECT_TRUE(same->name == u"Lacquer");
     for (const auto& clone : {copy, same}) {
-        EXPECT_TRUE(clone->uuid.empty() && clone->isEqual(source));
-        EXPECT_TRUE(clone->brdfs[0] != source->brdfs[0] && clone->brdfs[1] != source->brdfs[1]);
+        EXPECT_TRUE(clone->uuid.empty());
+        EXPECT_TRUE(clone->isEqual(source));
+        EXPECT_TRUE(clone->brdfs[0] != source->brdfs[0]);
+        EXPECT_TRUE(clone->brdfs[1] != source->brdfs[1]);
     }
     copy->layered_aux_3 = 0;
     EXPECT_FALSE(copy->isEqual(source));
     std::static_pointer_cast<Diffuse_BRDF>(same->brdfs[0])->color = {0, 0, 0};
     EXPECT_FALSE(same->isEqual(source));
     source->brdfs.pop_back();
-    EXPECT_FALSE(source->isEqual(twoLayers()) || source->isEqual(nullptr));
+    EXPECT_FALSE(source->isEqual(twoLayers()));
+    EXPECT_FALSE(source->isEqual(nullptr));
 }
 
 // The own asset hangs under the prefix, and with no layer its list is empty. Layer names are not
@@ -123,12 +139,17 @@ TEST_F(MaterialSingle, RecordsClonesAndNoXml)
     const auto bytes = bytesOf(*source);
     bool ok = false;
     auto back = loaded<MaterialSingleBRDF>(ByteBuilder().raw(bytes.data(), bytes.size()), ok);
-    EXPECT_TRUE(ok && back->isEqual(source) && back->name == u"Matte" && back->uuid == u"id-1");
+    EXPECT_TRUE(ok);
+    EXPECT_TRUE(back->isEqual(source));
+    EXPECT_TRUE(back->name == u"Matte");
+    EXPECT_TRUE(back->uuid == u"id-1");
 
     sceneMaterials()->addMaterial(std::make_shared<MaterialSingleBRDF>());  // "DefaultMaterial"
     QuickArchive v1 = ByteBuilder().tag(1).u32(6).u32(7).str("").append(layerEntry(2)).archive();
     ASSERT_TRUE(back->readBinary(v1));
-    EXPECT_TRUE(back->name == u"DefaultMaterial1" && back->uuid == u"id-1" && back->single_aux_1 == 6);
+    EXPECT_TRUE(back->name == u"DefaultMaterial1");
+    EXPECT_TRUE(back->uuid == u"id-1");
+    EXPECT_TRUE(back->single_aux_1 == 6);
     for (const ByteBuilder& refused : {ByteBuilder().tag(3), ByteBuilder().tag(2).u32(0).u32(0).u32(64).tag(1)}) {
         QuickArchive in = refused.archive();
         EXPECT_FALSE(back->readBinary(in));
@@ -140,13 +161,16 @@ TEST_F(MaterialSingle, RecordsClonesAndNoXml)
 
     sceneMaterials()->addMaterial(source);
     const auto copy = std::static_pointer_cast<MaterialSingleBRDF>(source->clone());
-    EXPECT_TRUE(copy->name == u"Matte1" && copy->uuid.empty() && copy->brdf == source->brdf);
+    EXPECT_TRUE(copy->name == u"Matte1");
+    EXPECT_TRUE(copy->uuid.empty());
+    EXPECT_TRUE(copy->brdf == source->brdf);
     EXPECT_EQ(std::static_pointer_cast<MaterialSingleBRDF>(source->cloneSameName())->brdf, source->brdf);
     EXPECT_TRUE(copy->isEqual(source));
     copy->single_aux_2 = 1;
     EXPECT_FALSE(copy->isEqual(source));
     const auto bare = std::make_shared<MaterialSingleBRDF>();
-    EXPECT_TRUE(!bare->isEqual(source) && bare->isEqual(std::make_shared<MaterialSingleBRDF>()));
+    EXPECT_TRUE(!bare->isEqual(source));
+    EXPECT_TRUE(bare->isEqual(std::make_shared<MaterialSingleBRDF>()));
     EXPECT_EQ(xmlOf(*source, u""), "");
 }
 

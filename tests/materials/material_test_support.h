@@ -18,6 +18,7 @@
 #include "materials/mirror_brdf.h"
 #include "materials/scene_materials.h"
 #include "support/byte_builder.h"
+#include "support/xml_of.h"
 #include "textures/acolor_texture.h"
 #include "textures/bitmap_buffer.h"
 #include "textures/bitmap_texture.h"
@@ -112,26 +113,7 @@ std::shared_ptr<T> loadAs(uint32_t id, const ByteBuilder& bytes)
     return layer;
 }
 
-// The XML of an object under a url, as UTF-8 so that failures print readably.
-template <class T>
-std::string xmlOf(const T& object, const std::u16string& url)
-{
-    std::u16string text;
-    AssetXmlWriter writer(text);
-    object.writeXml(writer, url);
-    return wideToNarrow(text);
-}
-
 inline bool has(const std::string& text, const std::string& piece) { return text.find(piece) != std::string::npos; }
-
-// The bytes of an object's record as its writeBinary gives them.
-template <class T>
-std::vector<uint8_t> bytesOf(const T& object)
-{
-    QuickArchive out(1);
-    EXPECT_TRUE(object.writeBinary(out));
-    return writtenBytes(out);
-}
 
 // What an old record's file name became, the constant colour or the Fresnel index in a slot; "-", -1
 // when the slot holds no such texture.

@@ -59,11 +59,17 @@ TEST_F(SceneMaterialsTest, UniqueAndCheckedNamesKeepTheirIrregularities)
 TEST_F(SceneMaterialsTest, AddingTakesNamesWithoutRegardToCaseAndKeepsOrMakesTheUuid)
 {
     const auto given = layered(u"Brick", u"B0A1"), missing = layered(u"Glass");
-    ASSERT_TRUE(scene.addMaterial(given) && scene.addMaterial(missing));
-    EXPECT_FALSE(scene.addMaterial(layered(u"GLASS")) || scene.addMaterial(layered(u"")) || scene.addMaterial(nullptr));
-    EXPECT_TRUE(scene.getMaterial(u"brick") == given && scene.materialForUuid(u"b0a1") == given);
-    EXPECT_TRUE(missing->uuid.empty() && scene.materialForUuid(scene.uuidForName(u"GLASS")) == missing);
-    EXPECT_TRUE(!scene.materialForUuid(u"nothing") && scene.materialCount() == 2);
+    ASSERT_TRUE(scene.addMaterial(given));
+    ASSERT_TRUE(scene.addMaterial(missing));
+    EXPECT_FALSE(scene.addMaterial(layered(u"GLASS")));
+    EXPECT_FALSE(scene.addMaterial(layered(u"")));
+    EXPECT_FALSE(scene.addMaterial(nullptr));
+    EXPECT_TRUE(scene.getMaterial(u"brick") == given);
+    EXPECT_TRUE(scene.materialForUuid(u"b0a1") == given);
+    EXPECT_TRUE(missing->uuid.empty());
+    EXPECT_TRUE(scene.materialForUuid(scene.uuidForName(u"GLASS")) == missing);
+    EXPECT_TRUE(!scene.materialForUuid(u"nothing"));
+    EXPECT_TRUE(scene.materialCount() == 2);
     ASSERT_TRUE(scene.addMaterial(layered(u"Copy", u"B0A1")));
     EXPECT_EQ(scene.uuids.at(u"B0A1"), u"Brick");
     EXPECT_EQ(scene.materialCount(), -1);
@@ -74,14 +80,18 @@ TEST_F(SceneMaterialsTest, ReplaceAndRemove)
 {
     scene.addMaterial(layered(u"Old", u"ID-1"));
     scene.addMaterial(layered(u"Other", u"ID-2"));
-    EXPECT_FALSE(scene.replaceMaterial(u"Old", layered(u"other")) || scene.replaceMaterial(u"Gone", layered(u"New")));
+    EXPECT_FALSE(scene.replaceMaterial(u"Old", layered(u"other")));
+    EXPECT_FALSE(scene.replaceMaterial(u"Gone", layered(u"New")));
     const auto renamed = layered(u"New");
     ASSERT_TRUE(scene.replaceMaterial(u"OLD", renamed));
-    EXPECT_TRUE(scene.isNameFree(u"Old") && scene.materialForUuid(u"ID-1") == renamed);
+    EXPECT_TRUE(scene.isNameFree(u"Old"));
+    EXPECT_TRUE(scene.materialForUuid(u"ID-1") == renamed);
     ASSERT_TRUE(scene.replaceMaterial(u"New", layered(u"NEW")));
-    EXPECT_TRUE(scene.materials.find(u"new")->first == u"NEW" && scene.uuids.at(u"ID-1") == u"New");
+    EXPECT_TRUE(scene.materials.find(u"new")->first == u"NEW");
+    EXPECT_TRUE(scene.uuids.at(u"ID-1") == u"New");
     EXPECT_FALSE(scene.removeMaterial(u"Missing"));
-    EXPECT_TRUE(scene.removeMaterial(u"OTHER") && scene.uuids.count(u"ID-2") == 0);
+    EXPECT_TRUE(scene.removeMaterial(u"OTHER"));
+    EXPECT_TRUE(scene.uuids.count(u"ID-2") == 0);
 }
 
 // The set's own clone and the default material are copies under a free name with no uuid.
@@ -89,12 +99,16 @@ TEST_F(SceneMaterialsTest, ClonesAndTheDefaultMaterial)
 {
     scene.addMaterial(layered(u"Tile7", u"ID-7"));
     const MaterialPtr copy = scene.cloneMaterial(u"tile7");
-    EXPECT_TRUE(copy->name == u"Tile" && copy->uuid.empty() && !scene.cloneMaterial(u"none"));
+    EXPECT_TRUE(copy->name == u"Tile");
+    EXPECT_TRUE(copy->uuid.empty());
+    EXPECT_TRUE(!scene.cloneMaterial(u"none"));
     ASSERT_TRUE(sceneMaterials()->addDefaultMaterial());
     EXPECT_FALSE(sceneMaterials()->addDefaultMaterial());
     const auto material = std::dynamic_pointer_cast<MaterialLayeredBRDF>(sceneMaterials()->getDefaultMaterial());
-    ASSERT_TRUE(material && material->brdfs.size() == 1);
-    EXPECT_TRUE(material->name == u"Default_Nuva_Material" && material->brdfs[0]->name == u"Diffuse");
+    ASSERT_TRUE(material);
+    ASSERT_TRUE(material->brdfs.size() == 1);
+    EXPECT_TRUE(material->name == u"Default_Nuva_Material");
+    EXPECT_TRUE(material->brdfs[0]->name == u"Diffuse");
     EXPECT_TRUE(material->brdfs[0]->isEqual(createBRDF(2)));
 }
 
@@ -120,8 +134,10 @@ TEST_F(SceneMaterialsTest, Version2TakesItsListsAsStored)
     b.tag(2).u32(3).append(entry("Wood", "w")).append(entry("WOOD", "w2")).append(entry("Tile", ""));
     QuickArchive in = b.u32(1).str("W").str("Wood").archive();
     ASSERT_TRUE(scene.readBinary(in));
-    EXPECT_TRUE(scene.materials.size() == 2 && scene.getMaterial(u"wood")->uuid == u"w");
-    EXPECT_TRUE(scene.materialCount() == -1 && scene.uuidForName(u"Tile").empty());
+    EXPECT_TRUE(scene.materials.size() == 2);
+    EXPECT_TRUE(scene.getMaterial(u"wood")->uuid == u"w");
+    EXPECT_TRUE(scene.materialCount() == -1);
+    EXPECT_TRUE(scene.uuidForName(u"Tile").empty());
 
     QuickArchive huge = ByteBuilder().tag(2).u32(0).u32(0x7FFFFFFF).str("a").str("b").archive();
     EXPECT_FALSE(scene.readBinary(huge));
@@ -133,7 +149,8 @@ TEST_F(SceneMaterialsTest, Version1MakesTheIdentifiers)
 {
     QuickArchive in = ByteBuilder().tag(1).u32(2).append(entry("Wood", "w")).append(entry("Tile", "")).archive();
     ASSERT_TRUE(scene.readBinary(in));
-    EXPECT_TRUE(scene.materialCount() == 2 && scene.uuidForName(u"Wood") == u"w");
+    EXPECT_TRUE(scene.materialCount() == 2);
+    EXPECT_TRUE(scene.uuidForName(u"Wood") == u"w");
     EXPECT_EQ(scene.uuidForName(u"Tile").size(), 36u);
 
     const ByteBuilder refused[] = {ByteBuilder().tag(1).u32(2).append(entry("Wood", "")).append(entry("wood", "")),

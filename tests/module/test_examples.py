@@ -1,6 +1,7 @@
 """The Python commands give every example file exactly its golden document."""
 import os
 import pathlib
+import tempfile
 import unittest
 
 import Cindrel
@@ -26,6 +27,18 @@ class ExampleLibrary(unittest.TestCase):
         self.assertIn('url="/Wood_Floor" >', xml)
         text = (EXAMPLES / "hand_written.talmat").read_bytes().decode("utf-8")
         self.assertEqual(Cindrel.getTalmatXml(str(EXAMPLES / "hand_written.talmat")), text)
+
+    def test_options_files_of_old_and_new_versions_give_22_settings_assets(self):
+        for name in ["options_v0.talopt", "options_v9.nuopt", "studio_settings.talopt"]:
+            xml = Cindrel.getTaloptXml(str(EXAMPLES / name))
+            self.assertTrue(xml.startswith("<talopt>\n  <Assets>\n"), name)
+            self.assertEqual(xml.count("<Assets>"), 22, name)
+            self.assertTrue(xml.endswith("  </Assets>\n</talopt>\n"), name)
+        # A record refused after its tag comes back as the file's text, up to its first zero byte.
+        with tempfile.TemporaryDirectory() as tmp:
+            damaged = pathlib.Path(tmp, "damaged.talopt")
+            damaged.write_bytes(b"\x01\x00\x17\x00" + b"\x00\x00\x06\x00")
+            self.assertEqual(Cindrel.getTaloptXml(str(damaged)), "\x01")
 
 
 if __name__ == "__main__":

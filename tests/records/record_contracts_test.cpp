@@ -1,8 +1,13 @@
-// The record conventions: the version gate, child slots and how deep they nest, and TransformComponents.
+// The record conventions: the version gate, child slots and how deep they nest, the counted list,
+// TransformComponents and the shared constants.
 #include <gtest/gtest.h>
+
+#include <bit>
+#include <vector>
 
 #include "materials/material_test_support.h"
 #include "records/record_io.h"
+#include "records/shared_constants.h"
 #include "records/transform_components.h"
 
 using namespace TalvexCore;
@@ -66,7 +71,9 @@ TEST(RecordChildren, OptionalAndRequiredForms)
     QuickArchive flagTwo = ByteBuilder().u32(7).tag(1).u32(1).u8(2).u32(7).tag(1).u32(9).u8(0).archive();
     std::shared_ptr<Probe> back;
     ASSERT_TRUE(readRequiredChild(flagTwo, back));
-    EXPECT_TRUE(back->child && back->child->value == 9 && !back->child->child);
+    ASSERT_TRUE(back->child);
+    EXPECT_TRUE(back->child->value == 9);
+    EXPECT_TRUE(!back->child->child);
 
     // An unknown type id or a child's refused tag fails the read; an empty required child or a child
     // that fails fails the write.
@@ -97,6 +104,50 @@ TEST(RecordChildren, NestingDepthIsBounded)
     }
 }
 
+// A list reads its elements in order and stops at the first that fails; a count its bytes cannot
+// hold fails before any element is read, however large.
+TEST(RecordCountedList, ReadsInOrderStopsAtAFailureAndRefusesCountsPastTheData)
+{
+    auto readValues = [](const ByteBuilder& bytes, std::vector<uint32_t>& values) {
+        QuickArchive in = bytes.archive();
+        return readCountedList(in, 4, [&] {
+            values.push_back(0);
+            in.readU32(values.back());
+            return values.back() != 99;
+        });
+    };
+    std::vector<uint32_t> values;
+    EXPECT_TRUE(readValues(ByteBuilder().u32(3).u32(5).u32(6).u32(7), values));
+    EXPECT_EQ(values, (std::vector<uint32_t>{5, 6, 7}));
+    values.clear();
+    EXPECT_FALSE(readValues(ByteBuilder().u32(3).u32(5).u32(99).u32(7), values));
+    EXPECT_EQ(values, (std::vector<uint32_t>{5, 99}));
+    for (uint32_t count : {1u << 20, 0xFFFFFFFFu}) {
+        values.clear();
+        EXPECT_FALSE(readValues(ByteBuilder().u32(count).u32(5).u32(6).u32(7), values)) << count;
+        EXPECT_TRUE(values.empty()) << count;
+    }
+
+    QuickArchive out(1);
+    const std::vector<uint32_t> written{1, 2, 3};
+    int calls = 0;
+    EXPECT_FALSE(writeCountedList(out, written, [&](uint32_t v) { ++calls; out.writeU32(v); return v != 2; }));
+    EXPECT_EQ(calls, 2);
+    EXPECT_EQ(writtenBytes(out), ByteBuilder().u32(3).u32(1).u32(2).bytes);
+}
+
+// The factors are the floats files and cameras hold, bit for bit; the nearest float to 180 over pi
+// is one unit above the stored one.
+TEST(SharedConstants, BitsOfTheStoredValues)
+{
+    EXPECT_EQ(std::bit_cast<uint32_t>(degreesPerRadian), 0x42652EE0u);
+    EXPECT_EQ(std::bit_cast<uint32_t>(radiansPerDegree), 0x3C8EFA35u);
+    EXPECT_EQ(identityTransform.m, (Matrix{{Vector{1, 0, 0}, Vector{0, 1, 0}, Vector{0, 0, 1}}}));
+    EXPECT_EQ(identityTransform.offset, (Vector{0, 0, 0}));
+    EXPECT_EQ(whiteColor, (Color{1, 1, 1}));
+    EXPECT_EQ(blackColor, (Color{0, 0, 0}));
+}
+
 // Each of the twelve words of the record lands in its own field, and each field takes part in
 // equality; a denormal differs from 0 too.
 TEST(TransformComponents, RecordWordsFieldsEqualityAndRefusedTags)
@@ -107,7 +158,8 @@ TEST(TransformComponents, RecordWordsFieldsEqualityAndRefusedTags)
     const auto bytes = ByteBuilder().tag(1).floats({10, -20, 370, 2, 0.5f, -1, 1, 2, 3}).i32(1).i32(0).i32(-1);
     EXPECT_EQ(bytesOf(c), bytes.bytes);
     bool ok = false;
-    EXPECT_TRUE(*loaded<TransformComponents>(bytes, ok) == c && ok);
+    EXPECT_TRUE(*loaded<TransformComponents>(bytes, ok) == c);
+    EXPECT_TRUE(ok);
     auto withWordSet = [&ok](int word) {
         ByteBuilder b = ByteBuilder().tag(1);
         for (int i = 0; i < 12; ++i) b.u32(i == word ? 1 : 0);
@@ -120,7 +172,8 @@ TEST(TransformComponents, RecordWordsFieldsEqualityAndRefusedTags)
         c.x_scale = 7;
         QuickArchive in = ByteBuilder().u32(tag).floats({1, 2, 3, 4, 5, 6, 7, 8, 9}).i32(1).i32(1).i32(1).archive();
         EXPECT_FALSE(c.readBinary(in)) << std::hex << tag;
-        EXPECT_TRUE(c == TransformComponents() && c.y_scale == 1.0f);
+        EXPECT_TRUE(c == TransformComponents());
+        EXPECT_TRUE(c.y_scale == 1.0f);
     }
 }
 

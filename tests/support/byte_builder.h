@@ -1,6 +1,8 @@
 // ByteBuilder: builds the bytes of a record by hand, word by word, little endian.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <cstring>
 #include <initializer_list>
@@ -51,6 +53,15 @@ inline std::vector<uint8_t> writtenBytes(const TalvexCore::QuickArchive& archive
     std::vector<uint8_t> out(archive.writePosition());
     for (std::size_t i = 0; i < out.size(); ++i) archive.peekByte(i, out[i]);
     return out;
+}
+
+// The bytes of an object's record as its writeBinary gives them.
+template <class T>
+std::vector<uint8_t> bytesOf(const T& object)
+{
+    TalvexCore::QuickArchive out(1);
+    EXPECT_TRUE(object.writeBinary(out));
+    return writtenBytes(out);
 }
 
 }  // namespace TalvexTest

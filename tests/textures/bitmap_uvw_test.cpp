@@ -24,11 +24,13 @@ TEST(BitmapTexture, BothTypeIdsStandAheadOfBothRecords)
     ASSERT_TRUE(texture);
     const auto planar = std::dynamic_pointer_cast<GenPlanarWorldUVW>(texture->uvwgen);
     const auto buffer = std::dynamic_pointer_cast<BitmapBuffer>(texture->bitmap);
-    ASSERT_TRUE(planar && buffer);
+    ASSERT_TRUE(planar);
+    ASSERT_TRUE(buffer);
     EXPECT_EQ((Floats{planar->uvwMatrix.m.v[1].y, planar->uvwMatrix.offset.z, planar->uvwComponents.x_rotation}),
               (Floats{2, 1, 45}));
     EXPECT_EQ((Floats{float(buffer->filter_type), buffer->filter_blur, buffer->gamma}), (Floats{0, 0.25f, 1.5f}));
-    EXPECT_TRUE(buffer->file == u"tex.png" && !texture->tile);
+    EXPECT_TRUE(buffer->file == u"tex.png");
+    EXPECT_TRUE(!texture->tile);
 }
 
 // Unknown ids fail the read, either empty slot the write; the bitmap slot's parameter is "bitmap"
@@ -131,7 +133,8 @@ TEST(WorldAndObjectUVW, OnlyTheObjectGeneratorResetsBeforeReading)
     const auto planar = generator<GenPlanarWorldUVW>();
     const auto object = generator<GenObjectUVW>();
     auto archive = refused.archive(), again = refused.archive();
-    EXPECT_FALSE(planar->readBinary(archive) || object->readBinary(again));
+    EXPECT_FALSE(planar->readBinary(archive));
+    EXPECT_FALSE(object->readBinary(again));
     EXPECT_TRUE(planar->isEqual(generator<GenPlanarWorldUVW>()));
     EXPECT_TRUE(object->isEqual(std::make_shared<GenObjectUVW>()));
 }

@@ -15,11 +15,15 @@ TEST(FresnelTexture, Version1KeepsMultipliersAndListsEmptyChildren)
     const auto f = readFrom<FresnelTexture>(
         ByteBuilder().tag(1).color(0.1f, 0.2f, 0.3f).color(0.7f, 0.8f, 0.9f).f32(1.8f).f32(1.3f).f32(7).f32(7));
     ASSERT_TRUE(f);
-    EXPECT_TRUE(f->white_color == (Color{0.1f, 0.2f, 0.3f}) && f->black_color == (Color{0.7f, 0.8f, 0.9f}));
+    EXPECT_TRUE(f->white_color == (Color{0.1f, 0.2f, 0.3f}));
+    EXPECT_TRUE(f->black_color == (Color{0.7f, 0.8f, 0.9f}));
     EXPECT_EQ((Floats{f->fresnel_ior, f->refract_ior, f->black_color_tex_mult, f->white_color_tex_mult,
                       f->fresnel_ior_tex_mult, f->refract_ior_tex_mult}),
               (Floats{1.8f, 1.3f, 1, 1, 1, 1}));
-    EXPECT_FALSE(f->black_color_tex || f->white_color_tex || f->fresnel_ior_tex || f->refract_ior_tex);
+    EXPECT_FALSE(f->black_color_tex);
+    EXPECT_FALSE(f->white_color_tex);
+    EXPECT_FALSE(f->fresnel_ior_tex);
+    EXPECT_FALSE(f->refract_ior_tex);
     const std::string xml = xmlOf(*f);
     for (const char* slot : {"black_color_tex", "white_color_tex", "fresnel_ior_tex", "refract_ior_tex"})
         EXPECT_EQ(valueOf(xml, slot), "no value") << slot;

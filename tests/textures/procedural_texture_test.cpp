@@ -26,7 +26,9 @@ TEST(ProceduralTextures, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
     const auto c = readFrom<ClothTexture>(  // the flag behind the record is not read
         planarChild(ByteBuilder().tag(1)).floats({0, 0, 0, 0, 1, 0, 0, 1, 0, 0, 1, 1, 0.5f, 0.6f}).boolean(false));
     ASSERT_TRUE(c);
-    EXPECT_TRUE(c->gap_color == (AColor{0, 0, 0, 0}) && c->v_color == (AColor{0, 0, 1, 1}) && c->v_width == 0.6f);
+    EXPECT_TRUE(c->gap_color == (AColor{0, 0, 0, 0}));
+    EXPECT_TRUE(c->v_color == (AColor{0, 0, 1, 1}));
+    EXPECT_TRUE(c->v_width == 0.6f);
     EXPECT_TRUE(c->tile);
 
     const auto b = readFrom<BlendTexture>(
@@ -38,7 +40,9 @@ TEST(ProceduralTextures, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
     const auto k = readFrom<CheckerTexture>(  // the record ends with the two flags
         constantChild(constantChild(planarChild(ByteBuilder().tag(1)), 0.9f), 0.1f).u8(0).u8(1).floats({7, 7}));
     ASSERT_TRUE(k);
-    EXPECT_TRUE(!k->tile_u && k->tile_v && k->black_color->isEqual(constant(0.1f)));
+    EXPECT_TRUE(!k->tile_u);
+    EXPECT_TRUE(k->tile_v);
+    EXPECT_TRUE(k->black_color->isEqual(constant(0.1f)));
     EXPECT_EQ((Floats{k->whiteMultiplier, k->blackMultiplier}), (Floats{1, 1}));
 }
 

@@ -12,6 +12,7 @@
 #include "archive/quick_archive.h"
 #include "records/transform_components.h"
 #include "support/byte_builder.h"
+#include "support/xml_of.h"
 #include "textures/acolor_texture.h"
 #include "xml/asset_xml_writer.h"
 
@@ -61,18 +62,6 @@ inline ByteBuilder& components(ByteBuilder& bytes, float xRotation)
 // Required children: a planar world generator, a constant grey.
 inline ByteBuilder& planarChild(ByteBuilder& bytes) { return components(transform(bytes.u32(0).tag(1), 1, 0), 0); }
 inline ByteBuilder& constantChild(ByteBuilder& b, float grey) { return b.u32(5).tag(1).floats({grey, grey, grey, 1}); }
-
-// The XML an object writes under the url `url`, as UTF-8 for readable comparison.
-template <class T>
-std::string xmlOf(const T& object, std::u16string url = {})
-{
-    std::u16string text;
-    TalvexCore::AssetXmlWriter writer(text);
-    object.writeXml(writer, std::move(url));
-    std::string narrow;
-    for (char16_t c : text) narrow.push_back(static_cast<char>(c));
-    return narrow;
-}
 
 // What the first parameter labelled `label` holds between <value> and </value>, without blanks and
 // line ends; "no value" for a parameter without one, "missing" for no such parameter.

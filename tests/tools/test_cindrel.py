@@ -22,6 +22,12 @@ class Command(unittest.TestCase):
         self.assertEqual(result.stdout, (GOLDEN / "wood_floor.talmat.xml").read_bytes())
         self.assertEqual(result.stderr, b"")
 
+    def test_an_options_file_goes_to_standard_output_as_its_golden_document(self):
+        for name in ["studio_settings.talopt", "options_v14.talopt"]:
+            result = run(EXAMPLES / name)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            self.assertEqual(result.stdout, (GOLDEN / (name + ".xml")).read_bytes())
+
     def test_a_folder_converts_into_an_output_tree_with_one_line_per_file(self):
         with tempfile.TemporaryDirectory() as tmp:
             source = pathlib.Path(tmp, "in")

@@ -1,17 +1,38 @@
-// The asset XML writer: the exact text of every element and parameter form, and its escaping.
+// The asset XML writer: the exact text of every element and parameter form, its escaping, and the
+// asset frame.
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "archive/text_conversion.h"
-#include "materials/material_single_brdf.h"
 #include "records/transform_components.h"
-#include "textures/acolor_texture.h"
+#include "xml/asset_frame.h"
 #include "xml/asset_xml_writer.h"
 
 using namespace TalvexCore;
 
 namespace {
+
+// An object of no family: what the writer and the frame learn of any object through its contract.
+// Its asset is one line naming its url, so that the order of assets shows.
+class Probe : public TalvexXMLSerializable {
+public:
+    explicit Probe(std::optional<std::u16string> reference = u"TexProbe") : reference(std::move(reference)) {}
+    void writeXml(AssetXmlWriter& writer, std::u16string url) const override
+    {
+        writer.writeRaw(u"[" + url + u"]\n");
+    }
+    std::u16string pluginType() const override { return u"TexProbe"; }
+    std::u16string assetType() const override { return u"texture"; }
+    std::optional<std::u16string> referenceName() const override { return reference; }
+
+private:
+    std::optional<std::u16string> reference;
+};
 
 using Write = std::function<void(AssetXmlWriter&)>;
 
@@ -22,6 +43,15 @@ std::string textOf(const Write& write)
     AssetXmlWriter writer(text);
     write(writer);
     return wideToNarrow(text);
+}
+
+// The text the same calls make on a writer of UTF-8; it must be the wide text's UTF-8, byte for byte.
+std::string utf8TextOf(const Write& write)
+{
+    std::string text;
+    AssetXmlWriter writer(text);
+    write(writer);
+    return text;
 }
 
 std::string vectorLines(const std::string& indent, const char* x, const char* y, const char* z)
@@ -89,6 +119,18 @@ TEST(AssetXmlWriter, DocumentNestingAndIndentation)
               "    <plugin>\n      <nuvaplugin name=\"Name&<\" type=\"texture\">\n        <Group>\n        </Group>\n</>\n");
 }
 
+// Indentation deeper than any real document still takes two blanks a level, in both widths.
+TEST(AssetXmlWriter, DeepIndentation)
+{
+    const Write deep = [](AssetXmlWriter& w) {
+        for (int i = 0; i < 40; ++i) w.openTag("g");
+        w.writeRaw("");
+        w.closeTag("g");
+    };
+    EXPECT_EQ(textOf(deep).substr(textOf(deep).rfind("</g>") - 80), std::string(80, ' ') + "</g>\n");
+    EXPECT_EQ(utf8TextOf(deep), textOf(deep));
+}
+
 // Each form's head, and its value in the inline shape, a block, a list, or nothing at all.
 TEST(AssetXmlWriter, ParameterForms)
 {
@@ -99,8 +141,9 @@ TEST(AssetXmlWriter, ParameterForms)
                                                  {"x_scale", "2"}, {"y_scale", "1"}, {"z_scale", "1"},
                                                  {"x_offset", "0"}, {"y_offset", "0"}, {"z_offset", "0.125"},
                                                  {"x_mirror", "1"}, {"y_mirror", "0"}, {"z_mirror", "-1"}}));
-    auto material = std::make_shared<MaterialSingleBRDF>();
-    material->name = u"Oak & <Ash>";
+    const auto probe = std::make_shared<Probe>();
+    const auto named = std::make_shared<Probe>(u"Oak & <Ash>");
+    const auto urlAlone = std::make_shared<Probe>(std::nullopt);
     const Matrix matrix{{Vector{1, 2, 3}, Vector{4, 5, 6}, Vector{7, 8, 9}}};
     const std::string matrixRows =
         vectorLines("      ", "1", "2", "3") + vectorLines("      ", "4", "5", "6") + vectorLines("      ", "7", "8", "9");
@@ -129,12 +172,14 @@ TEST(AssetXmlWriter, ParameterForms)
          "  <value>C:\\a&amp;b&amp;c\\&lt;c&gt;.png</value>\n"},
         {[](AssetXmlWriter& w) { w.writePluginName("p", "/a&b/\x80", "Pick"); },  // Windows-1252
          R"(type="plugin" name="p" handler="default" listType="none" label="Pick")", "  <value>/a&b/\xE2\x82\xAC</value>\n"},
-        {[](AssetXmlWriter& w) { w.writePlugin("tex", TexturePtr(std::make_shared<AColorTexture>()), u"/a&b/tex"); },
-         plain("plugin", "tex"), "  <value>/a&amp;b/tex/TexAColor</value>\n"},
-        {[&](AssetXmlWriter& w) { w.writePlugin("base", MaterialPtr(material), u"/outer/base"); }, plain("plugin", "base"),
+        // The url is escaped, the name the object gives behind it is not; no name, no "/".
+        {[&](AssetXmlWriter& w) { w.writePlugin("tex", probe, u"/a&b/tex"); }, plain("plugin", "tex"),
+         "  <value>/a&amp;b/tex/TexProbe</value>\n"},
+        {[&](AssetXmlWriter& w) { w.writePlugin("base", named, u"/outer/base"); }, plain("plugin", "base"),
          "  <value>/outer/base/Oak & <Ash></value>\n"},
-        {[](AssetXmlWriter& w) { w.writePlugin("tex", TexturePtr(), u"/m/tex"); }, plain("plugin", "tex"), ""},
-        {[](AssetXmlWriter& w) { w.writePlugin("tex", MaterialPtr(), u"/m/tex"); }, plain("plugin", "tex"), ""},
+        {[&](AssetXmlWriter& w) { w.writePlugin("sun", urlAlone, u"/sky/sun"); }, plain("plugin", "sun"),
+         "  <value>/sky/sun</value>\n"},
+        {[](AssetXmlWriter& w) { w.writePlugin("tex", std::shared_ptr<Probe>(), u"/m/tex"); }, plain("plugin", "tex"), ""},
         {[](AssetXmlWriter& w) { w.writeColor("diffuse", {1, 0.5f, 0}); }, plain("color", "diffuse"),
          block(fieldLines({{"r", "1"}, {"g", "0.5"}, {"b", "0"}}))},
         {[](AssetXmlWriter& w) { w.writeAColor("tint", {0.25f, 1, 2, 0.75f}, "Tint"); },
@@ -166,6 +211,7 @@ TEST(AssetXmlWriter, ParameterForms)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.head);
         EXPECT_EQ(textOf(c.write), "<parameter " + c.head + ">\n" + c.inside + "</parameter>\n");
+        EXPECT_EQ(utf8TextOf(c.write), textOf(c.write)) << "the UTF-8 writer";
     }
 }
 
@@ -199,4 +245,56 @@ TEST(AssetXmlWriter, FlushHandsOverTheTextInPieces)
     EXPECT_EQ(pieces, 2);  // behind the plugin and the root
     EXPECT_EQ(text, u"");
     EXPECT_EQ(wideToNarrow(taken), textOf(workedDocument));
+
+    // A writer of UTF-8 hands over its pieces at the same points.
+    std::string utf8, utf8Taken;
+    AssetXmlWriter utf8Writer(utf8);
+    pieces = 0;
+    utf8Writer.setFlushSink([&](std::string& piece) {
+        utf8Taken += piece;
+        piece.clear();
+        ++pieces;
+    });
+    workedDocument(utf8Writer);
+    EXPECT_EQ(pieces, 2);
+    EXPECT_EQ(utf8, "");
+    EXPECT_EQ(utf8Taken, textOf(workedDocument));
+}
+
+// The children's assets stand ahead of the asset, each under the asset's url and its word, or under
+// the asset's own url when the slot has no word; an empty slot writes no asset but keeps its
+// parameter, with no value.
+TEST(AssetFrame, ChildrenFirstThenTheAssetWithItsChildParameters)
+{
+    const auto child = std::make_shared<Probe>();
+    const Probe self;
+    const std::string text = textOf([&](AssetXmlWriter& w) {
+        const std::vector<ChildSlot> slots{{"first", "first_word", child},
+                                           {"empty", "empty_word", std::shared_ptr<Probe>()},
+                                           {"layer", nullptr, child}};
+        const AssetFrame frame(w, self, u"/m&n", "lay", slots);
+        w.writeInt("between", 3);
+        frame.writeChildParameter(1);
+        frame.writeChildParameter(0);
+        frame.close();
+    });
+    EXPECT_EQ(text, R"([/m&n/first_word]
+[/m&n]
+  <Asset layout="lay" renderer="nuva" type="texture" url="/m&amp;n" >
+    <plugin>
+      <nuvaplugin name="TexProbe" type="texture">
+        <parameters>
+          <parameter type="integer" name="between" handler="default" listType="none" label="between">
+            <value>3</value>
+          </parameter>
+          <parameter type="plugin" name="empty" handler="default" listType="none" label="empty">
+          </parameter>
+          <parameter type="plugin" name="first" handler="default" listType="none" label="first">
+            <value>/m&amp;n/first_word/TexProbe</value>
+          </parameter>
+        </parameters>
+      </nuvaplugin>
+    </plugin>
+  </Asset>
+)");
 }

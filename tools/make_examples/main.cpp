@@ -7,6 +7,7 @@
 #include <string>
 
 #include "legacy_examples.h"
+#include "options_examples.h"
 #include "sky_examples.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/glass_brdf.h"
@@ -259,6 +260,9 @@ int main(int argc, char** argv)
               "  </Assets>\r\n</talmat>\r\n");
     writeText(dir / "render_settings.talopt",
               "<talopt>\n  <!-- a render-options document kept as text: passes through -->\n</talopt>\n");
-    if (!ok) std::fprintf(stderr, "make_examples: a material failed to save\n");
+    ok &= MakeExamples::writeOptionsExamples(dir);
+    // A second folder gets an options file of every version, the seeds of the options fuzz target.
+    if (argc > 2) ok &= MakeExamples::writeOptionsOfEveryVersion(argv[2]);
+    if (!ok) std::fprintf(stderr, "make_examples: an example failed to save\n");
     return ok ? 0 : 1;
 }

@@ -16,6 +16,7 @@ public:
     RecordBytes& u32(uint32_t v) { return raw(&v, 4); }
     RecordBytes& i32(int32_t v) { return raw(&v, 4); }
     RecordBytes& f32(float v) { return raw(&v, 4); }
+    RecordBytes& f64(double v) { return raw(&v, 8); }
     RecordBytes& tag(uint32_t version) { return u32(version << 16); }
     RecordBytes& floats(std::initializer_list<float> values)
     {

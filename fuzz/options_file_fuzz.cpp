@@ -1,0 +1,49 @@
+// Any bytes as an options file: the load never crashes or hangs, and whatever loads emits its 22
+// settings assets, writes itself again, and reads back into an object that writes the very same bytes.
+#include <cstdint>
+#include <sstream>
+#include <string>
+
+#include "archive/quick_archive.h"
+#include "options/all_options.h"
+#include "options/tal_opt_file.h"
+#include "xml/asset_xml_writer.h"
+
+using namespace TalvexCore;
+
+namespace {
+
+bool sameBytes(const QuickArchive& a, const QuickArchive& b)
+{
+    if (a.writePosition() != b.writePosition()) return false;
+    for (uint64_t i = 0; i < a.writePosition(); ++i) {
+        uint8_t x = 0, y = 0;
+        a.peekByte(i, x);
+        b.peekByte(i, y);
+        if (x != y) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
+{
+    std::istringstream in(std::string(reinterpret_cast<const char*>(data), size));
+    AllOptions options;
+    if (!TalOptFile().load(options, in)) return 0;
+
+    std::u16string text;
+    AssetXmlWriter writer(text);
+    writer.openRoot(u"talopt");
+    options.writeXml(writer, u"");
+    writer.closeRoot();
+
+    QuickArchive first(1);
+    if (!options.writeBinary(first)) return 0;
+    AllOptions copy;
+    if (!copy.readBinary(first)) __builtin_trap();
+    QuickArchive second(1);
+    if (!copy.writeBinary(second) || !sameBytes(first, second)) __builtin_trap();
+    return 0;
+}
