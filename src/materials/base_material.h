@@ -35,12 +35,14 @@ public:
     std::optional<std::u16string> referenceName() const override { return name; }
     std::u16string assetType() const override { return u"material"; }
 
-protected:
-    // A new unique name and an empty uuid.
-    void resetBaseDefaults();
+    // The base record, which a class's record holds at the place its rows give.
     bool writeBaseRecord(QuickArchive& out) const;
     // Version 1 (name) or 2 (name, uuid); an empty name becomes a fresh default name.
     bool readBaseRecord(QuickArchive& in);
+
+protected:
+    // A new unique name and an empty uuid.
+    void resetBaseDefaults();
     // The bare name of the oldest records: an empty one becomes "DefaultMaterial", and either is
     // made unique in the scene; control characters stay.
     void readBareName(QuickArchive& in);

@@ -116,7 +116,8 @@ void MaterialLayeredBRDF::writeLayerList(AssetXmlWriter& writer, const std::u16s
     writer.closeList();
 }
 
-void MaterialLayeredBRDF::writeAsset(AssetXmlWriter& writer, const std::u16string& url) const
+void MaterialLayeredBRDF::writeAsset(AssetXmlWriter& writer, const std::u16string& url,
+                                     const std::function<void()>& moreParameters) const
 {
     // Each layer extends the material's url by its own name.
     std::vector<ChildSlot> layers;
@@ -125,6 +126,7 @@ void MaterialLayeredBRDF::writeAsset(AssetXmlWriter& writer, const std::u16strin
     const AssetFrame frame(writer, *this, url, "defnumat", layers);
     writer.writeInt("double_sided", static_cast<int32_t>(double_sided));
     writeLayerList(writer, url);
+    if (moreParameters) moreParameters();
     frame.close();
 }
 

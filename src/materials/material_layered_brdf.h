@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -35,8 +36,10 @@ public:
     std::u16string pluginType() const override { return u"MtlTALVEX"; }
 
     // The layers' assets, then this material's own, at exactly `url`: inside a wrapper or the scene
-    // set under its own name, in the standard layout under the outermost material's.
-    void writeAsset(AssetXmlWriter& writer, const std::u16string& url) const;
+    // set under its own name, in the standard layout under the outermost material's, where the
+    // wrappers found around it add their parameters behind the list of layers.
+    void writeAsset(AssetXmlWriter& writer, const std::u16string& url,
+                    const std::function<void()>& moreParameters = nullptr) const;
 
 private:
     // The list "brdfs": one entry per layer, `url` + "/" + the layer's name.

@@ -7,6 +7,7 @@
 #include "archive/wide_text.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/material_layered_brdf.h"
+#include "materials/material_search.h"
 #include "records/record_io.h"
 #include "records/uuid.h"
 
@@ -215,8 +216,7 @@ void SceneMaterials::dump(std::wostream& out) const
 
 void SceneMaterials::writeXml(AssetXmlWriter& writer) const
 {
-    for (const auto& [name, material] : materials)
-        if (material) material->writeXml(writer, std::u16string());
+    for (const auto& [name, material] : materials) writeInnerXml(writer, material, std::u16string());
 }
 
 bool SceneMaterials::writeBinary(QuickArchive& out) const

@@ -15,6 +15,8 @@
 
 namespace TalvexCore {
 
+class MaterialReference;
+
 class SceneMaterials : public TalvexSerializable {
 public:
     using MaterialMap = std::map<std::u16string, MaterialPtr, NoCaseLess>;
@@ -56,6 +58,16 @@ public:
     MaterialPtr getDefaultMaterial() const;
     // Adds a clone of the hidden template, a layered material with one diffuse layer.
     bool addDefaultMaterial();
+
+    // A new reference to the named material; its target is empty when the name has no identifier.
+    std::shared_ptr<MaterialReference> makeReference(const std::u16string& name) const;
+    // The references that point at `uuid`, found in each material and its wrappers. Of the references
+    // found in the material at position i of the names, the one at position i is taken: right when
+    // one material holds one reference, and kept so.
+    std::vector<MaterialPtr> referencesTo(const std::u16string& uuid) const;
+    // Where one name has gathered several identifiers, the last one in identifier order survives:
+    // references to the others are pointed at it, and the others are dropped.
+    void mergeDuplicateUuids();
 
     // A listing for debugging: names, then the identifiers.
     void dump(std::ostream& out) const;

@@ -12,4 +12,12 @@ std::optional<uint32_t> readVersion(QuickArchive& in, std::initializer_list<uint
     return std::nullopt;
 }
 
+std::optional<uint32_t> readVersionUpTo(QuickArchive& in, uint32_t newest)
+{
+    uint32_t tag = 0;
+    in.readU32(tag);
+    if ((tag & 0xFFFF) != 0 || versionOf(tag) < 1 || versionOf(tag) > newest) return std::nullopt;
+    return versionOf(tag);
+}
+
 }  // namespace TalvexCore

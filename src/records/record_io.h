@@ -13,6 +13,8 @@ namespace TalvexCore {
 
 // Reads a tag; gives its version when the low half is zero and the version is one of `known`.
 std::optional<uint32_t> readVersion(QuickArchive& in, std::initializer_list<uint32_t> known);
+// The same for a record that has known every version from 1 to `newest`.
+std::optional<uint32_t> readVersionUpTo(QuickArchive& in, uint32_t newest);
 // Writes the tag of a version.
 inline void writeVersion(QuickArchive& out, uint32_t version) { out.writeU32(tagOf(version)); }
 
@@ -39,10 +41,13 @@ bool readChild(QuickArchive& in, std::shared_ptr<T>& child)
     return !present || readRequiredChild(in, child);
 }
 
+// Writing refuses the depth that reading refuses, so that a saved file always loads again.
 template <class T>
 bool writeRequiredChild(QuickArchive& out, const std::shared_ptr<T>& child)
 {
     if (!child) return false;
+    const QuickArchive::NestingGuard guard(out);
+    if (!guard) return false;
     out.writeU32(child->typeId());
     return child->writeBinary(out);
 }

@@ -9,6 +9,7 @@
 #include "legacy_examples.h"
 #include "options_examples.h"
 #include "sky_examples.h"
+#include "wrapper_examples.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/glass_brdf.h"
 #include "materials/glossy_brdf.h"
@@ -255,6 +256,10 @@ int main(int argc, char** argv)
     ok &= MakeExamples::writeDocumentSunFile(dir / "sky_document_sun.talmat");
     ok &= MakeExamples::writeSkyVersionsFile(dir / "sky_versions.talmat");
     ok &= MakeExamples::writeSkyEnvironmentFile(dir / "sky_environment.talopt");
+    ok &= MakeExamples::writeWrapperChainsFile(dir / "wrapper_chains.talmat");
+    ok &= MakeExamples::writeReferencesFile(dir / "references.talmat");
+    ok &= MakeExamples::writeOwnLayoutsFile(dir / "own_layouts.numat");
+    MakeExamples::writeOldWrapperRecordsFile(dir / "old_wrappers.talmat");
     writeText(dir / "hand_written.talmat",
               "<talmat>\r\n  <Assets>\r\n    <!-- written by hand: passes through as text -->\r\n"
               "  </Assets>\r\n</talmat>\r\n");

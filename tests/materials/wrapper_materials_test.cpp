@@ -1,0 +1,304 @@
+// The wrapper materials, toon and the environment override: their records in every version, reset,
+// copies, comparison and their own assets.
+#include <gtest/gtest.h>
+
+#include "materials/material_2sided.h"
+#include "materials/material_alpha_contribution.h"
+#include "materials/material_angle_blend.h"
+#include "materials/material_bump.h"
+#include "materials/material_displaced.h"
+#include "materials/material_object_exclusion.h"
+#include "materials/material_override_environment.h"
+#include "materials/material_skp2sided.h"
+#include "materials/material_toon.h"
+#include "materials/wrapper_test_support.h"
+
+namespace TalvexTest {
+namespace {
+
+using WrapperMaterials = SceneCleared;
+
+struct NewestRecord {
+    uint32_t id;
+    uint32_t version;
+    ByteBuilder bytes;  // behind the tag
+};
+
+// The newest record of each class, by hand from its table, every value off its default.
+std::vector<NewestRecord> newestWrapperRecords()
+{
+    return {
+        {5, 3, ByteBuilder().append(layeredSlot("Front")).append(layeredSlot("Back")).append(child(1, 0, 0))
+                .color(0.1f, 0.2f, 0.3f).f32(0.5f).boolean(true).append(child(0, 1, 0)).color(0.4f, 0.5f, 0.6f)
+                .f32(0.25f).append(materialBase("Two Sided", "u-5"))},
+        {7, 1, ByteBuilder().append(materialBase("Skp")).append(layeredSlot("Front")).boolean(false).boolean(true)},
+        {3, 3, ByteBuilder().f32(0.3f).append(child(1, 1, 0)).append(layeredEntry("Core")).append(materialBase("Bumpy"))},
+        {9, 2, ByteBuilder().append(materialBase("Raised")).append(layeredSlot("Core")).append(child(0, 0, 1)).f32(2)
+                .f32(0.1f).f32(8).u32(64).u32(0).u32(0).u32(0)},
+        {10, 3, ByteBuilder().u32(1).append(layeredSlot("Core")).u32(2).str("Chair").str("Table")
+                 .append(materialBase("Hidden")).boolean(false)},
+        {12, 1, ByteBuilder().append(materialBase("Blend")).append(layeredSlot("One")).append(layeredSlot("Two"))
+                 .f32(30).f32(60)},
+        {11, 1, ByteBuilder().append(materialBase("Cutout")).append(layeredSlot("Core")).append(child(1, 0, 1))
+                 .f32(0.5f).f32(0.75f)},
+        {14, 2, ByteBuilder().append(layeredSlot("Core")).f32(2).f32(0.5f).append(child(1, 0, 0)).f32(0.8f).f32(0.9f)
+                 .append(child(0, 1, 0)).f32(0.1f).f32(1.5f).boolean(false).color(1, 0, 0).f32(0.6f)
+                 .append(child(0, 0, 1)).f32(0.9f).f32(0.05f).f32(0.6f).f32(2).boolean(false).boolean(true)
+                 .append(materialBase("Ink")).boolean(true).f32(2.5f)},
+        {8, 1, ByteBuilder().append(materialBase("Env")).append(layeredSlot("Core")).append(child(1, 0, 0))
+                .append(child(0, 1, 0)).boolean(false).append(child(0, 0, 1)).color(0.1f, 0.1f, 0.1f)
+                .color(0.2f, 0.2f, 0.2f).color(0.3f, 0.3f, 0.3f).color(0.4f, 0.4f, 0.4f)
+                .floats({0.5f, 0.6f, 0.7f, 0.8f}).boolean(true).boolean(false).boolean(true).boolean(false)},
+    };
+}
+
+// Each class reads its newest record and writes back the very bytes, tag included; its clone and
+// same-name clone compare equal to it, and a class never equals another with the same record.
+TEST_F(WrapperMaterials, NewestRecordsRoundTripAndCompare)
+{
+    for (const NewestRecord& record : newestWrapperRecords()) {
+        SCOPED_TRACE(record.id);
+        const ByteBuilder bytes = ByteBuilder().tag(record.version).append(record.bytes);
+        bool ok = false;
+        const MaterialPtr material = loadMaterial(record.id, bytes, ok);
+        ASSERT_TRUE(ok);
+        EXPECT_EQ(material->typeId(), record.id);
+        EXPECT_EQ(bytesOf(*material), bytes.bytes);
+        EXPECT_TRUE(material->isEqual(material->clone()));
+        EXPECT_TRUE(material->isEqual(material->cloneSameName()));
+        EXPECT_FALSE(material->isEqual(createMaterial(record.id)));
+        EXPECT_FALSE(material->isEqual(nullptr));
+    }
+}
+
+// The record runs "bg" first while memory runs "gi" first; toon stores width ahead of colour.
+TEST_F(WrapperMaterials, RecordOrderReachesTheRightFields)
+{
+    const auto records = newestWrapperRecords();
+    auto env = loadAsClass<MaterialOverrideEnvironment>(8, ByteBuilder().tag(1).append(records[8].bytes));
+    EXPECT_EQ(acolorOf(env->bg_tex), (AColor{1, 0, 0, 1}));
+    EXPECT_EQ(acolorOf(env->gi_tex), (AColor{0, 1, 0, 1}));
+    EXPECT_EQ(env->reflect_tex, nullptr);
+    EXPECT_EQ(env->bg_color, (Color{0.1f, 0.1f, 0.1f}));
+    EXPECT_EQ(env->gi_tex_mult, 0.6f);
+    EXPECT_TRUE(env->override_bg && !env->override_gi && env->override_reflect);
+    EXPECT_EQ(env->name, u"Env");
+
+    auto toon = loadAsClass<MaterialToon>(14, ByteBuilder().tag(2).append(records[7].bytes));
+    EXPECT_EQ(toon->width, 2);
+    EXPECT_EQ(acolorOf(toon->width_tex), (AColor{1, 0, 0, 1}));
+    EXPECT_EQ(toon->distort_tex, nullptr);
+    EXPECT_EQ(toon->color, (Color{1, 0, 0}));
+    EXPECT_EQ(toon->line_units, 2);
+    EXPECT_TRUE(!toon->do_secondary && toon->divide_by_distance && toon->do_silhouette_mult);
+    EXPECT_EQ(toon->silhouette_mult, 2.5f);
+
+    auto sided = loadAsClass<Material2Sided>(5, ByteBuilder().tag(3).append(records[0].bytes));
+    EXPECT_EQ(sided->front->name, u"Front");
+    EXPECT_EQ(sided->back->name, u"Back");
+    EXPECT_EQ(sided->transparency, (Color{0.4f, 0.5f, 0.6f}));
+    EXPECT_EQ(sided->uuid, u"u-5");
+}
+
+// Older versions end early; what they lack keeps its default, the name too where no base record
+// stands, and the two-sided loader reads over what the object holds.
+TEST_F(WrapperMaterials, OlderVersionsKeepDefaultsForWhatTheyLack)
+{
+    auto sided = std::make_shared<Material2Sided>();
+    const std::u16string defaultName = sided->name;
+    sided->transparency = {9, 9, 9};
+    QuickArchive v1 = ByteBuilder().tag(1).append(layeredSlot("Front")).boolean(false).boolean(false)
+                          .color(0.1f, 0.2f, 0.3f).f32(0.5f).boolean(true).archive();
+    ASSERT_TRUE(sided->readBinary(v1));
+    EXPECT_EQ(sided->transparency, (Color{9, 9, 9}));
+    EXPECT_EQ(sided->name, defaultName);
+    EXPECT_TRUE(sided->force_1sided);
+
+    auto exclusion = loadAsClass<MaterialObjectExclusion>(
+        10, ByteBuilder().tag(1).u32(0).append(layeredSlot("Core")).u32(1).str("Lamp"));
+    EXPECT_TRUE(exclusion->short_circuit);
+    EXPECT_EQ(exclusion->objects, NameList{u"Lamp"});
+    EXPECT_EQ(exclusion->name.rfind(u"DefaultMaterial", 0), 0u);
+
+    auto toon = loadAsClass<MaterialToon>(14, ByteBuilder().tag(1).append(newestWrapperRecords()[7].bytes));
+    EXPECT_FALSE(toon->do_silhouette_mult);
+    EXPECT_EQ(toon->silhouette_mult, 1.5f);
+
+    auto displaced = loadAsClass<MaterialDisplaced>(
+        9, ByteBuilder().tag(1).append(materialBase("Old")).boolean(false).boolean(false).f32(3));
+    EXPECT_EQ(displaced->displace_tex_mult, 3);
+    EXPECT_EQ(displaced->displace_edge_length, 4);
+    EXPECT_EQ(displaced->displace_max_subdivs, 256u);
+}
+
+// Version 2 keeps its bare name as read, even empty; version 1 makes it unique, takes a file path for
+// the texture and stores the multiplier behind it.
+TEST_F(WrapperMaterials, OldBumpRecordsTakeBareNamesAndFilePaths)
+{
+    auto v2 = loadAsClass<MaterialBump>(
+        3, ByteBuilder().tag(2).str("").f32(0.5f).append(child(1, 0, 0)).append(layeredEntry("Core")));
+    EXPECT_EQ(v2->name, u"");
+    EXPECT_EQ(v2->bump_tex_mult, 0.5f);
+    EXPECT_EQ(v2->base_mtl->name, u"Core");
+
+    auto taken = std::make_shared<MaterialLayeredBRDF>();
+    taken->name = u"Stone";
+    ASSERT_TRUE(sceneMaterials()->addMaterial(taken));
+    auto v1 = loadAsClass<MaterialBump>(
+        3, ByteBuilder().tag(1).str("Stone").str("maps/stone.png").f32(0.7f).append(layeredEntry("Core")));
+    EXPECT_EQ(v1->name, u"Stone1");
+    EXPECT_EQ(bitmapFile(v1->bump_tex), "maps/stone.png");
+    EXPECT_EQ(v1->bump_tex_mult, 0.7f);
+    ASSERT_NE(v1->base_mtl, nullptr);
+
+    // The newest record needs the base material, which it stores with no presence byte.
+    QuickArchive out(1);
+    EXPECT_FALSE(MaterialBump().writeBinary(out));
+}
+
+TEST_F(WrapperMaterials, RefusedTagsAndUnknownChildrenFailTheLoad)
+{
+    for (uint32_t id : {3u, 5u, 7u, 8u, 9u, 10u, 11u, 12u, 14u}) {
+        SCOPED_TRACE(id);
+        bool ok = true;
+        loadMaterial(id, ByteBuilder().u32(0x10001), ok);
+        EXPECT_FALSE(ok);
+        loadMaterial(id, ByteBuilder().tag(9), ok);
+        EXPECT_FALSE(ok);
+    }
+    bool ok = true;
+    // A texture of an unknown type id, and a material of one.
+    loadMaterial(11, ByteBuilder().tag(1).append(materialBase("A")).append(layeredSlot("Core")).boolean(true).u32(99),
+                 ok);
+    EXPECT_FALSE(ok);
+    loadMaterial(12, ByteBuilder().tag(1).append(materialBase("A")).boolean(true).u32(15), ok);
+    EXPECT_FALSE(ok);
+    // A base record with a refused tag ends the load.
+    loadMaterial(7, ByteBuilder().tag(1).u32(0x20001), ok);
+    EXPECT_FALSE(ok);
+}
+
+// Resets restore the table's defaults; only the bump material takes a new name and drops its uuid.
+TEST_F(WrapperMaterials, ResetKeepsTheNameExceptInTheBumpMaterial)
+{
+    MaterialAngleBlend blend;
+    blend.name = u"Blend", blend.uuid = u"u-1", blend.start_angle = 1, blend.mtl_one = layeredWith(u"A", u"L");
+    blend.resetDefaults();
+    EXPECT_EQ(blend.name, u"Blend");
+    EXPECT_EQ(blend.uuid, u"u-1");
+    EXPECT_EQ(blend.start_angle, 75);
+    EXPECT_EQ(blend.stop_angle, 150);
+    EXPECT_EQ(blend.mtl_one, nullptr);
+
+    MaterialBump bump;
+    bump.name = u"Bumpy", bump.uuid = u"u-2", bump.bump_tex_mult = 3;
+    bump.resetDefaults();
+    EXPECT_NE(bump.name, u"Bumpy");
+    EXPECT_TRUE(bump.uuid.empty());
+    EXPECT_EQ(bump.bump_tex_mult, 1);
+
+    MaterialToon toon;
+    toon.name = u"Ink", toon.width = 9;
+    toon.resetDefaults();
+    EXPECT_EQ(toon.name, u"Ink");
+    EXPECT_EQ(toon.width, 1.5f);
+    EXPECT_EQ(toon.z_threshold, 0.95f);
+}
+
+// Clones copy inner materials under new names, same-name clones keep them, except that toon's
+// same-name clone renames its inner material. Only the two-sided material shares its textures.
+TEST_F(WrapperMaterials, ClonesCopyInnerMaterialsAndTexturesAsEachClassSays)
+{
+    auto sided = std::make_shared<Material2Sided>();
+    sided->name = u"Sided", sided->uuid = u"u-3";
+    sided->front = layeredWith(u"Front", u"L");
+    sided->translucency_tex = std::make_shared<AColorTexture>();
+    ASSERT_TRUE(sceneMaterials()->addMaterial(sided));
+    ASSERT_TRUE(sceneMaterials()->addMaterial(sided->front));
+
+    auto copy = std::dynamic_pointer_cast<Material2Sided>(sided->clone());
+    EXPECT_EQ(copy->name, u"Sided1");
+    EXPECT_TRUE(copy->uuid.empty());
+    EXPECT_EQ(copy->front->name, u"Front1");
+    EXPECT_NE(copy->front, sided->front);
+    EXPECT_EQ(copy->translucency_tex, sided->translucency_tex);
+    auto same = std::dynamic_pointer_cast<Material2Sided>(sided->cloneSameName());
+    EXPECT_EQ(same->name, u"Sided");
+    EXPECT_EQ(same->front->name, u"Front");
+
+    auto alpha = std::make_shared<MaterialAlphaContribution>();
+    alpha->base_mtl = sided->front;
+    alpha->alpha_tex = std::make_shared<AColorTexture>();
+    auto alphaCopy = std::dynamic_pointer_cast<MaterialAlphaContribution>(alpha->cloneSameName());
+    EXPECT_NE(alphaCopy->alpha_tex, alpha->alpha_tex);
+    EXPECT_EQ(alphaCopy->base_mtl->name, u"Front");
+
+    auto toon = std::make_shared<MaterialToon>();
+    toon->name = u"Ink";
+    toon->base_mtl = sided->front;
+    auto toonCopy = std::dynamic_pointer_cast<MaterialToon>(toon->cloneSameName());
+    EXPECT_EQ(toonCopy->name, u"Ink");
+    EXPECT_EQ(toonCopy->base_mtl->name, u"Front1");
+}
+
+TEST_F(WrapperMaterials, ComparisonWalksInnerMaterialsTexturesAndValues)
+{
+    auto a = std::make_shared<MaterialObjectExclusion>();
+    auto b = std::make_shared<MaterialObjectExclusion>();
+    a->objects = {u"Chair", u"Table"};
+    b->objects = {u"CHAIR", u"table"};
+    EXPECT_TRUE(a->isEqual(b));
+    b->objects = {u"Table", u"Chair"};
+    EXPECT_FALSE(a->isEqual(b));
+
+    auto one = std::make_shared<MaterialBump>(), two = std::make_shared<MaterialBump>();
+    one->base_mtl = layeredWith(u"A", u"L");
+    EXPECT_FALSE(one->isEqual(two));
+    two->base_mtl = layeredWith(u"B", u"M");
+    EXPECT_TRUE(one->isEqual(two));
+    two->bump_tex = std::make_shared<AColorTexture>();
+    EXPECT_FALSE(one->isEqual(two));
+}
+
+// A wrapper's own asset: inner materials, then textures, then its parameters naming them by its url.
+TEST_F(WrapperMaterials, OwnAssetsNameInnerMaterialsUnderTheWrapperUrl)
+{
+    MaterialBump bump;
+    bump.name = u"Bumpy";
+    bump.base_mtl = layeredWith(u"Core", u"Paint");
+    bump.bump_tex = std::make_shared<AColorTexture>();
+    const std::string text = xmlOf(bump, u"/Scene");
+    const auto core = text.find("url=\"/Scene/Bumpy/Core\"");
+    const auto texture = text.find("url=\"/Scene/Bumpy/bump_tex/TexAColor\"");
+    const auto own = text.find("url=\"/Scene/Bumpy\"");
+    ASSERT_NE(own, std::string::npos);
+    EXPECT_LT(core, texture);
+    EXPECT_LT(texture, own);
+    EXPECT_TRUE(has(text.substr(own), "<nuvaplugin name=\"MtlBump\" type=\"material\">"));
+    const auto mult = text.find("name=\"bump_tex_mult\"", own), base = text.find("name=\"base_mtl\"", own);
+    EXPECT_LT(mult, base);
+    EXPECT_TRUE(has(text.substr(base), "<value>/Scene/Bumpy/Core</value>"));
+    EXPECT_TRUE(has(text.substr(base), "<value>/Scene/Bumpy/bump_tex/TexAColor</value>"));
+
+    // The displaced material has no asset: its base material stands under its url; the override
+    // adds no name at all.
+    MaterialDisplaced displaced;
+    displaced.name = u"Raised";
+    displaced.base_mtl = layeredWith(u"Core", u"Paint");
+    EXPECT_EQ(xmlOf(displaced, u""), xmlOf(*displaced.base_mtl, u"/Raised"));
+    MaterialOverrideEnvironment env;
+    env.base_mtl = displaced.base_mtl;
+    EXPECT_EQ(xmlOf(env, u"/X"), xmlOf(*displaced.base_mtl, u"/X"));
+
+    MaterialObjectExclusion exclusion;
+    exclusion.name = u"Hidden";
+    exclusion.objects = {u"A&B"};
+    const std::string list = xmlOf(exclusion, u"");
+    EXPECT_TRUE(has(list, "listType=\"\" label=\"objects\">"));
+    EXPECT_TRUE(has(list, "<string>\"A&B\"</string>"));
+    EXPECT_TRUE(has(list, "name=\"base_mtl\" handler=\"default\" listType=\"none\" label=\"base_mtl\">\n"
+                          "          </parameter>"));
+}
+
+}  // namespace
+}  // namespace TalvexTest
