@@ -255,6 +255,7 @@ int main(int argc, char** argv)
     ok &= MakeExamples::writeSharedSunFile(dir / "sky_shared_sun.talmat");
     ok &= MakeExamples::writeDocumentSunFile(dir / "sky_document_sun.talmat");
     ok &= MakeExamples::writeSkyVersionsFile(dir / "sky_versions.talmat");
+    ok &= MakeExamples::writeSkyWrappersFile(dir / "sky_wrappers.talmat");
     ok &= MakeExamples::writeSkyEnvironmentFile(dir / "sky_environment.talopt");
     ok &= MakeExamples::writeWrapperChainsFile(dir / "wrapper_chains.talmat");
     ok &= MakeExamples::writeReferencesFile(dir / "references.talmat");

@@ -9,9 +9,9 @@
 #include "archive/quick_archive.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/light_brdf.h"
+#include "materials/material_bump.h"
 #include "materials/material_layered_brdf.h"
-#include "options/all_options.h"
-#include "options/tal_opt_file.h"
+#include "materials/material_override_environment.h"
 #include "record_bytes.h"
 #include "scene/sun_light.h"
 #include "textures/acolor_texture.h"
@@ -39,14 +39,6 @@ MaterialPtr layered(const std::u16string& name, std::initializer_list<BRDFPtr> l
     material->name = name;
     material->brdfs.assign(layers.begin(), layers.end());
     return material;
-}
-
-std::shared_ptr<SkyTexture> sky(SunPtr sun, float turbidity)
-{
-    auto texture = std::make_shared<SkyTexture>();
-    texture->sun = std::move(sun);
-    texture->turbidity = turbidity;
-    return texture;
 }
 
 // The materials' stream as the newest container holds it, each behind its type id.
@@ -188,19 +180,21 @@ bool writeSkyVersionsFile(const std::filesystem::path& path)
     return ok && writeMaterialFile(path, 1, stream);
 }
 
-bool writeSkyEnvironmentFile(const std::filesystem::path& path)
+bool writeSkyWrappersFile(const std::filesystem::path& path)
 {
-    auto horizon = std::make_shared<SunLight>(u"Horizon", u"{5C7E0B92-4A1D-4E6F-8B3C-9D2A7F1E0C64}");
-    horizon->size_multiplier = 2;
-    AllOptions options;
-    options.use_bg = options.use_gi = options.use_reflect = 1;
-    options.bg_tex = sky(defaultSun(), 3);
-    options.bg_tex_mult = 1.2f;
-    options.gi_tex = sky(horizon, 4);
-    options.gi_tex_mult = 0.8f;
-    options.reflect_tex = sky(horizon, 4);
-    options.reflect_tex_mult = 1;
-    return TalOptFile().save(options, path.u16string());
+    auto zenith = std::make_shared<SunLight>(u"Zenith", u"{8D3F1A6B-0C2E-4B97-A4D5-E6F70819B2C3}");
+    auto bump = std::make_shared<MaterialBump>();
+    bump->name = u"Rippled_Sky";
+    bump->base_mtl = layered(u"Sky_Pool", {layer<Diffuse_BRDF>(u"Water", sky(zenith, 2))});
+    bump->bump_tex = sky(zenith, 3);
+    bump->bump_tex_mult = 0.2f;
+    auto environment = std::make_shared<MaterialOverrideEnvironment>();
+    environment->name = u"Open_Air";
+    environment->base_mtl = layered(u"Open_Air_Core", {layer<Diffuse_BRDF>(u"Canvas", nullptr)});
+    environment->override_bg = environment->override_gi = true;
+    environment->bg_tex = sky(defaultSun(), 3);
+    environment->gi_tex = sky(zenith, 2);
+    return save(path, {bump, environment});
 }
 
 }  // namespace MakeExamples
