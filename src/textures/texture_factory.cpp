@@ -19,6 +19,7 @@
 #include "textures/invert_texture.h"
 #include "textures/noise_texture.h"
 #include "textures/ramp_texture.h"
+#include "textures/sky_texture.h"
 #include "textures/space_uvw.h"
 #include "textures/uvw_texture.h"
 
@@ -39,7 +40,8 @@ TexturePtr createTexture(uint32_t id)
     case 9: return std::make_shared<InvertTexture>();
     case 10: return std::make_shared<BlendTexture>();
     case 11: return std::make_shared<RampTexture>();
-    default: return nullptr;  // 12, the sky, has no class in this build
+    case 12: return std::make_shared<SkyTexture>();
+    default: return nullptr;
     }
 }
 

@@ -27,8 +27,9 @@ using namespace TalvexTest;
 TEST(TextureFactory, EachIdGivesItsClassAndNothingElse)
 {
     const char16_t* textures[] = {u"TexBitmap", u"TexFresnel", u"TexUVW",   u"TexNoise",  u"TexChecker", u"TexAColor",
-                                  u"TexGrid",   u"TexCloth",   u"TexBulge", u"TexInvert", u"TexBlend",   u"TexRamp"};
-    for (uint32_t id = 0; id < 12; ++id) {
+                                  u"TexGrid",   u"TexCloth",   u"TexBulge", u"TexInvert", u"TexBlend",   u"TexRamp",
+                                  u"TexSky"};
+    for (uint32_t id = 0; id < 13; ++id) {
         ASSERT_TRUE(createTexture(id)) << id;
         EXPECT_EQ(createTexture(id)->typeId(), id);
         EXPECT_EQ(createTexture(id)->pluginType(), textures[id]);

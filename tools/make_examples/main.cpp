@@ -8,6 +8,7 @@
 
 #include "legacy_examples.h"
 #include "options_examples.h"
+#include "sky_examples.h"
 #include "wrapper_examples.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/glass_brdf.h"
@@ -251,6 +252,11 @@ int main(int argc, char** argv)
     ok &= save(dir / "single_layer.talmat", {singleLayer(), woodFloor()});
     MakeExamples::writeOldRecordsFile(dir / "old_records.talmat");
     MakeExamples::writeOldContainerFiles(dir);
+    ok &= MakeExamples::writeSharedSunFile(dir / "sky_shared_sun.talmat");
+    ok &= MakeExamples::writeDocumentSunFile(dir / "sky_document_sun.talmat");
+    ok &= MakeExamples::writeSkyVersionsFile(dir / "sky_versions.talmat");
+    ok &= MakeExamples::writeSkyWrappersFile(dir / "sky_wrappers.talmat");
+    ok &= MakeExamples::writeSkyEnvironmentFile(dir / "sky_environment.talopt");
     ok &= MakeExamples::writeWrapperChainsFile(dir / "wrapper_chains.talmat");
     ok &= MakeExamples::writeReferencesFile(dir / "references.talmat");
     ok &= MakeExamples::writeOwnLayoutsFile(dir / "own_layouts.numat");

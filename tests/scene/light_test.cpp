@@ -1,0 +1,213 @@
+// The light family: factory gaps, every record version, the newest record pinned to its bytes,
+// comparison and copies, and the XML with its oddities.
+#include <gtest/gtest.h>
+
+#include "scene/ies_light.h"
+#include "scene/maya_direct_light.h"
+#include "scene/omni_light.h"
+#include "scene/rectangle_light.h"
+#include "scene/sphere_light.h"
+#include "scene/spot_light.h"
+#include "scene/sun_light.h"
+#include "support/byte_builder.h"
+#include "textures/texture_test_support.h"
+
+using namespace TalvexCore;
+using namespace TalvexTest;
+
+namespace {
+
+// The number of times `text` stands in `xml`.
+std::size_t occurrences(const std::string& xml, const std::string& text)
+{
+    std::size_t n = 0;
+    for (auto at = xml.find(text); at != std::string::npos; at = xml.find(text, at + 1)) ++n;
+    return n;
+}
+
+}  // namespace
+
+TEST(LightFactory, GapsGiveNothingAndEachIdItsClass)
+{
+    const char16_t* plugins[] = {u"MayaLightDirect", u"", u"LightOmni", u"LightRectangle", u"LightSpot",
+                                 u"SunLight", u"LightIES", u""};
+    for (int32_t id : {0, 2, 3, 4, 5, 6, 7}) {
+        const auto light = createLight(id);
+        ASSERT_TRUE(light) << id;
+        EXPECT_EQ(light->typeId(), static_cast<uint32_t>(id));
+        EXPECT_EQ(light->pluginType(), plugins[id]);
+        EXPECT_EQ(light->assetType(), u"light");
+    }
+    for (int32_t id : {1, 8, 9, -1}) EXPECT_FALSE(createLight(id)) << id;
+    EXPECT_EQ(lightTypeNames[1], u"Positional Direct Light");
+    EXPECT_EQ(lightTypeNames[8], u"Invalid Light");
+}
+
+TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
+{
+    ByteBuilder maya1;
+    maya1.tag(1).color(0.5f, 0.25f, 1).floats({0.1f, 2, 3}).u32(7).u32(9).i32(1).boolean(false);
+    const auto maya = readFrom<MayaDirectLight>(maya1);
+    ASSERT_TRUE(maya);
+    EXPECT_EQ(maya->color, (Color{0.5f, 0.25f, 1}));
+    EXPECT_EQ(maya->causticSubdivs, 7u);
+    EXPECT_EQ(maya->photonSubdivs, 9u);
+    EXPECT_FALSE(maya->enabled);
+    EXPECT_TRUE(maya->shadows);
+    EXPECT_EQ(maya->shadowSubdivs, 8u);
+
+    // Version 2 stores one transform where later versions store key frames.
+    ByteBuilder maya2;
+    transform(maya2.tag(2).color(1, 1, 1).floats({0, 1, 1}).u32(1000).u32(500).i32(3).boolean(true).boolean(true)
+                  .u32(8).f32(0.5f), 2, 3);
+    const auto keyed = readFrom<MayaDirectLight>(maya2);
+    ASSERT_TRUE(keyed);
+    EXPECT_EQ(keyed->shadowRadius, 0.5f);
+    EXPECT_EQ(keyed->transform.keyCount(), 1);
+    EXPECT_EQ(keyed->transform.valueAt(0.0).offset, (Vector{3, 3, 3}));
+
+    ByteBuilder spot1;
+    spot1.tag(1).color(0.2f, 0.3f, 0.4f).floats({0, 0, 5, 1}).u32(500).u32(1000).i32(3).boolean(true);
+    const auto spot = readFrom<SpotLight>(spot1);
+    ASSERT_TRUE(spot);
+    EXPECT_EQ(spot->color, (Color{0.2f, 0.3f, 0.4f}));
+    EXPECT_EQ(spot->intensity, 5.0f);
+    EXPECT_EQ(spot->cutoffThreshold, 0.005f);
+    EXPECT_FALSE(spot->barnDoor);
+
+    ByteBuilder omni3;
+    transform(omni3.tag(3).color(1, 1, 1).color(0, 0, 0).floats({0.01f, 0, 0, 30, 1}).i32(2).u32(500).u32(1000)
+                  .i32(3).boolean(true).boolean(true).u32(8).f32(0), 1, 0);
+    const auto omni = readFrom<OmniLight>(omni3);
+    ASSERT_TRUE(omni);
+    EXPECT_EQ(omni->units, 2);
+    EXPECT_EQ(omni->cutoffThreshold, 0.01f);
+    EXPECT_TRUE(omni->affectDiffuse && omni->affectSpecular);
+
+    // Version 1 ends after ignoreLightNormals: no shadows, transform or size.
+    ByteBuilder rect1;
+    rect1.tag(1).color(1, 0, 0).floats({0, 12, 1}).u32(16).u32(1000).u32(500).i32(3);
+    for (bool flag : {true, false, true, false, true, true, false}) rect1.boolean(flag);
+    const auto rect = readFrom<RectangleLight>(rect1);
+    ASSERT_TRUE(rect);
+    EXPECT_EQ(rect->subdivs, 16u);
+    EXPECT_TRUE(rect->doubleSided && rect->lightPortal && rect->storeWithIrradianceMap);
+    EXPECT_FALSE(rect->ignoreLightNormals);
+    EXPECT_EQ(rect->u_size, 1.0f);
+
+    ByteBuilder ies1;
+    transform(ies1.tag(1), 1, 0).color(1, 1, 1).color(0, 0, 0).color(0.5f, 0.5f, 0.5f).floats({0, 0.005f})
+        .u32(8).u32(1000).u32(8).boolean(true).boolean(false).boolean(true).str("lamps/a.ies");
+    const auto ies = readFrom<IESLight>(ies1);
+    ASSERT_TRUE(ies);
+    EXPECT_EQ(ies->ies_file, u"lamps/a.ies");
+    EXPECT_EQ(ies->filter_color, (Color{0.5f, 0.5f, 0.5f}));
+    EXPECT_EQ(ies->intensity, 1.0f);
+
+    // Unknown versions and tags with a low half stop at the tag.
+    for (const auto& light : {createLight(0), createLight(2), createLight(6), createLight(7)}) {
+        ByteBuilder bad;
+        auto archive = bad.u32(0x40001).archive();
+        EXPECT_FALSE(light->readBinary(archive));
+    }
+    EXPECT_FALSE(readFrom<IESLight>(ByteBuilder().tag(4)));
+    EXPECT_FALSE(readFrom<SphereLight>(ByteBuilder().tag(3)));
+}
+
+// A field-order fault made in both the writer and the reader passes a round trip; the bytes don't.
+TEST(LightRecords, NewestRecordIsPinnedToItsBytes)
+{
+    OmniLight omni;
+    omni.units = 2;
+    omni.shadowColor = {0.1f, 0.2f, 0.3f};
+    omni.affectSpecular = false;
+    ByteBuilder expected;
+    transform(expected.tag(4).color(1, 1, 1).color(0.1f, 0.2f, 0.3f).floats({0.005f, 0, 0, 30, 1}).i32(2).u32(500)
+                  .u32(1000).i32(3).boolean(true).boolean(true).u32(8).f32(0), 1, 0)
+        .boolean(true).boolean(false);
+    QuickArchive out(1);
+    ASSERT_TRUE(omni.writeBinary(out));
+    EXPECT_EQ(writtenBytes(out), expected.bytes);
+
+    // The dome light writes a tag and reads nothing, not even that.
+    QuickArchive dome(1);
+    ASSERT_TRUE(DomeLight().writeBinary(dome));
+    EXPECT_EQ(dome.writePosition(), 4u);
+    EXPECT_TRUE(DomeLight().readBinary(dome));
+    EXPECT_EQ(dome.readPosition(), 0u);
+}
+
+TEST(LightRecords, NewestRecordsReadBackEqualAndCopiesAreEqual)
+{
+    auto spot = std::make_shared<SpotLight>();
+    spot->barnDoor = true; spot->barnDoorTop = 5; spot->coneAngle = 0.5f; spot->units = 1;
+    spot->transform.offset = {1, 2, 3};
+    auto rect = std::make_shared<RectangleLight>();
+    rect->affectReflections = false; rect->v_size = 4; rect->noDecay = true;
+    auto ies = std::make_shared<IESLight>();
+    ies->ies_file = u"C:/lamps/Ä & B.ies"; ies->intensity = 3; ies->soft_shadows = true;
+    auto sphere = std::make_shared<SphereLight>();
+    sphere->flag8 = false; sphere->count3 = 12;
+    auto maya = std::make_shared<MayaDirectLight>();
+    maya->extraMode = 1; maya->shadowColor = {1, 0, 0};
+    Transform moved = identityTransform;
+    moved.offset = {0, 0, 9};
+    maya->transform.setKey(moved, 2.0);
+    auto omni = std::make_shared<OmniLight>();
+    omni->extraScale = 2;
+
+    for (const LightPtr& light : std::initializer_list<LightPtr>{spot, rect, ies, sphere, maya, omni}) {
+        QuickArchive archive(1);
+        ASSERT_TRUE(light->writeBinary(archive));
+        const auto back = createLight(static_cast<int32_t>(light->typeId()));
+        ASSERT_TRUE(back->readBinary(archive)) << light->typeId();
+        EXPECT_TRUE(back->isEqual(light)) << light->typeId();
+        EXPECT_TRUE(light->clone()->isEqual(light)) << light->typeId();
+        EXPECT_FALSE(createLight(static_cast<int32_t>(light->typeId()))->isEqual(light)) << light->typeId();
+        EXPECT_FALSE(light->isEqual(nullptr));
+    }
+    // The direct light's key frames are stored but not compared.
+    auto sameButKeys = std::make_shared<MayaDirectLight>(*maya);
+    sameButKeys->transform.clear();
+    EXPECT_TRUE(maya->isEqual(sameButKeys));
+    EXPECT_TRUE(DomeLight().isEqual(std::make_shared<DomeLight>()));
+    EXPECT_FALSE(DomeLight().isEqual(spot));
+}
+
+TEST(LightXml, ParametersCarryTheirOddities)
+{
+    OmniLight omni;
+    omni.units = 2;
+    const auto omniXml = xmlOf(omni, u"/lamp");
+    EXPECT_NE(omniXml.find("url=\"/lamp/LightOmni\" "), std::string::npos);
+    EXPECT_NE(omniXml.find("<nuvaplugin name=\"LightOmni\" type=\"light\">"), std::string::npos);
+    // The units go out as a first "causticSubdivs", ahead of the photons and the real one.
+    const auto first = omniXml.find("name=\"causticSubdivs\"");
+    const auto photons = omniXml.find("name=\"photonSubdivs\"");
+    const auto second = omniXml.find("name=\"causticSubdivs\"", first + 1);
+    ASSERT_TRUE(first < photons && photons < second && second != std::string::npos);
+    EXPECT_EQ(omniXml.substr(first).substr(omniXml.substr(first).find("<value>"), 15), "<value>2</value");
+    EXPECT_EQ(omniXml.substr(second).substr(omniXml.substr(second).find("<value>"), 18), "<value>1000</value");
+    EXPECT_EQ(occurrences(omniXml, "name=\"units\""), 0u);
+
+    // Whatever the light holds, the spot's parameters end with the legacy mark.
+    const auto spotXml = xmlOf(SpotLight(), u"");
+    const auto legacy = spotXml.find(
+        "<parameter type=\"bool\" name=\"legacyMode\" handler=\"default\" listType=\"none\" isUserData=\"1\" "
+        "label=\"Legacy Mode\">");
+    ASSERT_NE(legacy, std::string::npos);
+    EXPECT_GT(legacy, spotXml.find("name=\"transform\""));
+    EXPECT_EQ(valueOf(spotXml, "Legacy Mode"), "1");
+
+    // The direct light keeps its transform out of the XML; the file of an IES light is escaped.
+    EXPECT_EQ(occurrences(xmlOf(MayaDirectLight(), u""), "name=\"transform\""), 0u);
+    IESLight ies;
+    ies.ies_file = u"a & b.ies";
+    EXPECT_EQ(valueOf(xmlOf(ies, u""), "ies_file"), "a&amp;b.ies");
+    const auto rectXml = xmlOf(RectangleLight(), u"");
+    EXPECT_GT(rectXml.find("name=\"transform\""), rectXml.rfind("<parameter "));
+
+    // Lights of plug-ins the XML does not know leave no trace.
+    EXPECT_EQ(xmlOf(SphereLight(), u"/x"), "");
+    EXPECT_EQ(xmlOf(DomeLight(), u"/x"), "");
+}
