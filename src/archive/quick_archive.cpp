@@ -7,6 +7,7 @@
 #include <istream>
 #include <ostream>
 
+#include "archive/regular_file.h"
 #include "archive/text_conversion.h"
 
 static_assert(std::endian::native == std::endian::little, "values are stored as they lie in memory");
@@ -274,7 +275,7 @@ bool QuickArchive::readFromStream(std::istream& in)
 
 bool QuickArchive::writeToFile(const std::u16string& path) const
 {
-    return writeToFile(wideToNarrow(path));
+    return writeToFile(wideToFileName(path));
 }
 
 bool QuickArchive::writeToFile(const std::string& path) const
@@ -285,13 +286,13 @@ bool QuickArchive::writeToFile(const std::string& path) const
 
 bool QuickArchive::readFromFile(const std::u16string& path)
 {
-    return readFromFile(wideToNarrow(path));
+    return readFromFile(wideToFileName(path));
 }
 
 bool QuickArchive::readFromFile(const std::string& path)
 {
-    std::ifstream in(path, std::ios::binary);
-    return in.is_open() && readFromStream(in);
+    RegularFile file(path);
+    return file.isOpen() && readFromStream(file.stream());
 }
 
 uint64_t QuickArchive::dataLeft() const

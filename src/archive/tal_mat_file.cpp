@@ -1,12 +1,11 @@
 #include "archive/tal_mat_file.h"
 
-#include <fstream>
 #include <istream>
 #include <ostream>
 
 #include "archive/quick_archive.h"
+#include "archive/regular_file.h"
 #include "archive/stream_bytes.h"
-#include "archive/text_conversion.h"
 #include "archive/wide_text.h"
 #include "materials/serializable.h"
 
@@ -44,9 +43,8 @@ void repairLineEnds(std::string& data)
 
 bool TalMatFile::load(const std::u16string& path)
 {
-    std::ifstream in(wideToNarrow(path), std::ios::binary);
-    if (!in.is_open()) return false;
-    return load(in);
+    RegularFile file(path);
+    return file.isOpen() && load(file.stream());
 }
 
 bool TalMatFile::load(std::istream& in)
@@ -112,9 +110,9 @@ std::size_t TalMatFile::findMaterialByName(const std::u16string& name) const
 
 int TalMatFile::chooseOpenMode(const std::u16string& path)
 {
-    std::ifstream in(wideToNarrow(path), std::ios::binary);
-    if (!in.is_open()) return textInputMode;
-    const Header header = readHeader(in);
+    RegularFile file(path);
+    if (!file.isOpen()) return textInputMode;
+    const Header header = readHeader(file.stream());
     return ((header.tag & 0xFFFF) == 0 && versionOf(header.tag) == 1) ? textInputMode : binaryInputMode;
 }
 

@@ -6,6 +6,7 @@
 #include <new>
 #include <string>
 
+#include "archive/text_conversion.h"
 #include "module/file_routing.h"
 #include "module/material_conversion.h"
 #include "module/options_conversion.h"
@@ -16,12 +17,27 @@ namespace {
 
 PyObject* moduleError = nullptr;
 
+// The file name that a str stands for: the interpreter gives a name that is not valid in the file
+// system's encoding with its stray bytes escaped as lone surrogates, and encoding it back with that
+// escape gives the bytes again. Null, with no exception kept, for a str that is no file name.
+PyObject* fileNameBytes(PyObject* text)
+{
+    PyObject* bytes = PyUnicode_EncodeFSDefault(text);
+    if (bytes == nullptr) PyErr_Clear();
+    return bytes;
+}
+
 // The argument is a str; its text, up to its first zero character, becomes a wide string of
-// 16-bit code units.
+// 16-bit code units that names the file by its bytes (see fileNameToWide).
 bool parsePathArgument(PyObject* args, std::u16string& path)
 {
     PyObject* text = nullptr;
     if (!PyArg_ParseTuple(args, "U", &text)) return false;
+    if (PyObject* name = fileNameBytes(text)) {
+        path = fileNameToWide(std::string_view(PyBytes_AS_STRING(name), static_cast<std::size_t>(PyBytes_GET_SIZE(name))));
+        Py_DECREF(name);
+        return true;
+    }
     PyObject* bytes = PyUnicode_AsEncodedString(text, "utf-16-le", "surrogatepass");
     if (bytes == nullptr) return false;
     const char* data = PyBytes_AS_STRING(bytes);

@@ -1,19 +1,21 @@
 // cindrel: converts material and render-options files to their XML asset text, one file or thousands.
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <filesystem>
-#include <set>
+#include <map>
+#include <new>
 #include <string>
 #include <vector>
 
+#include "archive/regular_file.h"
 #include "archive/text_conversion.h"
 #include "input_files.h"
 #include "module/material_conversion.h"
 #include "module/options_conversion.h"
+#include "output_file.h"
 #include "utf8_output.h"
 
 namespace fs = std::filesystem;
@@ -58,7 +60,7 @@ int usageError(const std::string& message)
 // Writes the XML of one file through `output`; what the conversion made of it.
 ConversionOutcome convertFile(const InputFile& input, Utf8Output& output)
 {
-    const std::u16string path = TalvexCore::narrowToWide(input.path.string());
+    const std::u16string path = TalvexCore::fileNameToWide(input.path.native());
     std::u16string text;
     const auto sink = [&output](std::u16string& t) { output.take(t); };
     const ConversionOutcome outcome = input.kind == FileKind::Material
@@ -66,17 +68,6 @@ ConversionOutcome convertFile(const InputFile& input, Utf8Output& output)
                                           : TalvexCore::writeOptionsFileXml(path, text, sink);
     output.take(text, true);
     return outcome;
-}
-
-// Why a path cannot be read, in the system's words.
-std::string unreadableReason(const fs::path& path)
-{
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (file == nullptr) return std::strerror(errno);
-    std::fclose(file);
-    std::error_code ec;
-    if (fs::is_directory(path, ec)) return "is a folder";
-    return "cannot be read";
 }
 
 class Progress {
@@ -98,96 +89,164 @@ private:
     bool enabled;
 };
 
-fs::path outputPathFor(const Settings& settings, const InputFile& input, std::set<fs::path>& used)
+// The output file of each input, in the output folder's tree. wood.talmat and wood.talopt side by
+// side become wood.xml and wood.talopt.xml; two inputs of the same name that would land on one
+// output (a/x.talmat and b/x.talmat given as files) are refused: the later one gets an empty path
+// and a message, and nothing is overwritten.
+std::vector<fs::path> planOutputs(const Settings& settings, const std::vector<InputFile>& inputs,
+                                  std::vector<std::string>& errors)
 {
-    const fs::path dir = settings.outputDir / input.relativeDir;
-    fs::path candidate = dir / (input.path.stem().string() + ".xml");
-    // wood.talmat and wood.talopt side by side must not overwrite each other.
-    if (!used.insert(candidate).second) {
-        candidate = dir / (input.path.filename().string() + ".xml");
-        used.insert(candidate);
+    std::vector<fs::path> targets(inputs.size());
+    std::map<fs::path, std::size_t> taken;
+    for (std::size_t i = 0; i < inputs.size(); ++i) {
+        const InputFile& input = inputs[i];
+        if (input.kind == FileKind::Unknown) continue;
+        const fs::path dir = settings.outputDir / input.relativeDir;
+        fs::path candidate = dir / (input.path.stem().string() + ".xml");
+        auto owner = taken.find(candidate);
+        if (owner != taken.end() && inputs[owner->second].path.filename() != input.path.filename()) {
+            candidate = dir / (input.path.filename().string() + ".xml");
+            owner = taken.find(candidate);
+        }
+        if (owner != taken.end()) {
+            errors.push_back(input.path.string() + ": not converted: its output " + candidate.string() +
+                             " is already the output of " + inputs[owner->second].path.string() +
+                             " (convert it into another folder)");
+            continue;
+        }
+        taken.emplace(candidate, i);
+        targets[i] = candidate;
     }
-    return candidate;
+    return targets;
 }
+
+class Batch {
+public:
+    Batch(const Settings& settings, std::size_t total)
+        : settings(settings), progress(total, !settings.quiet && settings.toDirectory), standardOutput(stdout)
+    {
+    }
+
+    // Converts one file; a failure of any kind is reported against the file and the batch goes on.
+    void convert(std::size_t index, const InputFile& input, const fs::path& target)
+    {
+        progress.show(index, input.path);
+        try {
+            convertOrReport(input, target);
+        } catch (const std::bad_alloc&) {
+            error(input.path, "not enough memory to convert it");
+        } catch (const std::exception& e) {
+            error(input.path, e.what());
+        }
+    }
+
+    void error(const fs::path& path, const std::string& message)
+    {
+        progress.clear();
+        std::fprintf(stderr, "cindrel: %s: %s\n", path.c_str(), message.c_str());
+        failed = true;
+    }
+
+    void note(const fs::path& path, const std::string& message)
+    {
+        if (settings.quiet) return;
+        progress.clear();
+        std::fprintf(stderr, "cindrel: %s: %s\n", path.c_str(), message.c_str());
+    }
+
+    // Closes standard output; the exit status of the whole batch.
+    int finish()
+    {
+        progress.clear();
+        if (!standardOutput.finish()) {
+            std::fprintf(stderr, "cindrel: write to standard output failed: %s\n",
+                         std::strerror(standardOutput.error()));
+            failed = true;
+        }
+        return failed ? 1 : 0;
+    }
+
+private:
+    void convertOrReport(const InputFile& input, const fs::path& target)
+    {
+        if (input.kind == FileKind::Unknown) {
+            error(input.path, "not a material or options file (.talmat, .numat, .talopt, .nuopt)");
+            return;
+        }
+        // Only a regular file is read: a FIFO or a device could block or never end.
+        const TalvexCore::RegularFile probe(input.path.native());
+        if (!probe.isOpen()) {
+            error(input.path, probe.failureReason());
+            return;
+        }
+        if (!settings.toDirectory) {
+            standardOutput.resetCounts();
+            report(input, convertFile(input, standardOutput), standardOutput, {});
+            return;
+        }
+        std::error_code ec;
+        fs::create_directories(target.parent_path(), ec);
+        OutputFile file(target);
+        if (!file.open()) {
+            error(input.path, "cannot write " + target.string() + ": " + file.error());
+            return;
+        }
+        Utf8Output output(file.file());
+        const ConversionOutcome outcome = convertFile(input, output);
+        output.finish();
+        if (outcome == ConversionOutcome::Unreadable) {
+            file.abandon();
+            report(input, outcome, output, target);
+            return;
+        }
+        if (!file.commit(output.error())) {
+            error(input.path, "cannot write " + target.string() + ": " + file.error());
+            return;
+        }
+        report(input, outcome, output, target);
+    }
+
+    void report(const InputFile& input, ConversionOutcome outcome, const Utf8Output& output, const fs::path& target)
+    {
+        if (outcome == ConversionOutcome::Unreadable) {
+            error(input.path, TalvexCore::RegularFile(input.path.native()).failureReason());
+            return;
+        }
+        if (outcome == ConversionOutcome::PlainText)
+            note(input.path, std::string("not a binary ") + (input.kind == FileKind::Material ? "material" : "options") +
+                                 " file; passed through as text");
+        if (output.forbiddenCharacters() > 0)
+            note(input.path, "warning: the document holds " + std::to_string(output.forbiddenCharacters()) +
+                                 " character(s) that XML 1.0 does not allow; they are kept as they are");
+        if (settings.toDirectory) {
+            progress.clear();
+            std::printf("%s -> %s (%s)\n", input.path.c_str(), target.c_str(),
+                        outcome == ConversionOutcome::Binary ? "converted" : "passed through as text");
+            std::fflush(stdout);
+        }
+    }
+
+    const Settings& settings;
+    Progress progress;
+    Utf8Output standardOutput;
+    bool failed = false;
+};
 
 int run(const Settings& settings)
 {
     std::vector<std::string> errors;
     const std::vector<InputFile> inputs = collectInputs(settings.inputs, errors);
-    bool failed = !errors.empty();
+    std::vector<fs::path> targets;
+    if (settings.toDirectory) targets = planOutputs(settings, inputs, errors);
     for (const std::string& error : errors) std::fprintf(stderr, "cindrel: %s\n", error.c_str());
 
-    Progress progress(inputs.size(), !settings.quiet && settings.toDirectory);
-    std::set<fs::path> usedOutputs;
-    Utf8Output standardOutput(stdout);
+    Batch batch(settings, inputs.size());
     for (std::size_t i = 0; i < inputs.size(); ++i) {
-        const InputFile& input = inputs[i];
-        const std::string name = input.path.string();
-        progress.show(i, input.path);
-        if (input.kind == FileKind::Unknown) {
-            progress.clear();
-            std::fprintf(stderr, "cindrel: %s: not a material or options file (.talmat, .numat, .talopt, .nuopt)\n",
-                         name.c_str());
-            failed = true;
-            continue;
-        }
-        std::error_code ec;
-        if (!fs::exists(input.path, ec) || fs::is_directory(input.path, ec)) {
-            progress.clear();
-            std::fprintf(stderr, "cindrel: %s: %s\n", name.c_str(), unreadableReason(input.path).c_str());
-            failed = true;
-            continue;
-        }
-
-        ConversionOutcome outcome;
-        fs::path target;
-        if (settings.toDirectory) {
-            target = outputPathFor(settings, input, usedOutputs);
-            fs::create_directories(target.parent_path(), ec);
-            std::FILE* file = std::fopen(target.c_str(), "wb");
-            if (file == nullptr) {
-                progress.clear();
-                std::fprintf(stderr, "cindrel: %s: cannot write: %s\n", target.c_str(), std::strerror(errno));
-                failed = true;
-                continue;
-            }
-            Utf8Output output(file);
-            outcome = convertFile(input, output);
-            const bool written = output.finish();
-            if (std::fclose(file) != 0 || !written) {
-                progress.clear();
-                std::fprintf(stderr, "cindrel: %s: write failed\n", target.c_str());
-                failed = true;
-                continue;
-            }
-        } else {
-            outcome = convertFile(input, standardOutput);
-        }
-
-        if (outcome == ConversionOutcome::Unreadable) {
-            progress.clear();
-            std::fprintf(stderr, "cindrel: %s: %s\n", name.c_str(), unreadableReason(input.path).c_str());
-            failed = true;
-            continue;
-        }
-        const char* how = outcome == ConversionOutcome::Binary ? "converted" : "passed through as text";
-        if (outcome == ConversionOutcome::PlainText && !settings.quiet) {
-            progress.clear();
-            std::fprintf(stderr, "cindrel: %s: not a binary %s file; passed through as text\n", name.c_str(),
-                         input.kind == FileKind::Material ? "material" : "options");
-        }
-        if (settings.toDirectory) {
-            progress.clear();
-            std::printf("%s -> %s (%s)\n", name.c_str(), target.c_str(), how);
-            std::fflush(stdout);
-        }
+        if (settings.toDirectory && targets[i].empty() && inputs[i].kind != FileKind::Unknown) continue;
+        batch.convert(i, inputs[i], settings.toDirectory ? targets[i] : fs::path());
     }
-    progress.clear();
-    if (!standardOutput.finish()) {
-        std::fprintf(stderr, "cindrel: write to standard output failed\n");
-        failed = true;
-    }
-    return failed ? 1 : 0;
+    const int status = batch.finish();
+    return errors.empty() ? status : 1;
 }
 
 }  // namespace
