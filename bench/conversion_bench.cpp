@@ -14,11 +14,11 @@
 #include <string>
 #include <vector>
 
-#include "archive/tal_mat_file.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/glass_brdf.h"
+#include "materials/glossy_brdf.h"
 #include "materials/material_layered_brdf.h"
-#include "materials/phong_blinn_brdf.h"
+#include "materials/tal_mat_file.h"
 #include "textures/base_texture.h"
 
 namespace fs = std::filesystem;

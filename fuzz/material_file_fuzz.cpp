@@ -7,9 +7,9 @@
 #include <string>
 
 #include "archive/quick_archive.h"
-#include "archive/tal_mat_file.h"
+#include "materials/material_layouts.h"
+#include "materials/tal_mat_file.h"
 #include "xml/asset_xml_writer.h"
-#include "xml/material_layouts.h"
 
 using namespace TalvexCore;
 

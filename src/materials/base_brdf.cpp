@@ -1,10 +1,11 @@
 #include "materials/base_brdf.h"
 
+#include <vector>
+
 #include "archive/quick_archive.h"
-#include "archive/text_conversion.h"
-#include "materials/record_io.h"
+#include "records/record_io.h"
 #include "textures/fresnel_texture.h"
-#include "xml/asset_xml_writer.h"
+#include "xml/asset_frame.h"
 
 namespace TalvexCore {
 
@@ -60,38 +61,26 @@ bool Base_BRDF::readBaseRecord(QuickArchive& in)
     return version.has_value();
 }
 
-void Base_BRDF::writeLayerXml(AssetXmlWriter& writer, std::u16string url,
+void Base_BRDF::writeLayerXml(AssetXmlWriter& writer, const std::u16string& url,
                               std::initializer_list<LayerParameter> parameters) const
 {
-    url += u"/";
-    url += name;
-    const auto childUrl = [&url](const LayerParameter& parameter) {
-        std::u16string result = url + u"/";
-        appendNarrowAsWide(result, parameter.urlWord);
-        return result;
-    };
-
+    std::vector<ChildSlot> slots;
     for (const LayerParameter& parameter : parameters)
-        if (parameter.form == LayerParameter::Form::Texture && *parameter.texture)
-            (*parameter.texture)->writeXml(writer, childUrl(parameter));
+        if (parameter.form == LayerParameter::Form::Texture)
+            slots.emplace_back(parameter.name, parameter.urlWord, *parameter.texture);
 
-    writer.openAsset(url, assetType(), "");
-    writer.openPlugin(pluginType(), assetType());
-    writer.openParameters();
+    AssetFrame frame(writer, *this, url + u"/" + name, "", slots);
+    std::size_t slot = 0;
     for (const LayerParameter& parameter : parameters) {
         switch (parameter.form) {
         case LayerParameter::Form::Color: writer.writeColor(parameter.name, parameter.color); break;
         case LayerParameter::Form::Float: writer.writeFloat(parameter.name, parameter.number); break;
         case LayerParameter::Form::Integer: writer.writeInt(parameter.name, parameter.integer); break;
         case LayerParameter::Form::Bool: writer.writeBool(parameter.name, parameter.flag); break;
-        case LayerParameter::Form::Texture:
-            writer.writePlugin(parameter.name, *parameter.texture, childUrl(parameter));
-            break;
+        case LayerParameter::Form::Texture: frame.writeChildParameter(slot++); break;
         }
     }
-    writer.closeParameters();
-    writer.closePlugin();
-    writer.closeAsset();
+    frame.close();
 }
 
 void Base_BRDF::upgradeFresnel(std::shared_ptr<BaseTexture>& transparency_tex, float fresnelIndex,

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "archive/value_types.h"
-#include "materials/serializable.h"
+#include "records/serializable.h"
 
 namespace TalvexCore {
 
@@ -64,7 +64,7 @@ protected:
 
     // The asset of a layer under `url` + "/" + name: the present children first, each as its own
     // asset under the layer's url and its url word, then the layer with its parameters in order.
-    void writeLayerXml(AssetXmlWriter& writer, std::u16string url,
+    void writeLayerXml(AssetXmlWriter& writer, const std::u16string& url,
                        std::initializer_list<LayerParameter> parameters) const;
 
     // Old reflection records keep a Fresnel switch and index where newer ones keep a texture: a

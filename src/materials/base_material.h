@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "materials/serializable.h"
+#include "records/serializable.h"
 
 namespace TalvexCore {
 
@@ -31,6 +31,8 @@ public:
 
     void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
     std::u16string pluginType() const override { return {}; }
+    // A parameter names a material by its name, not by its plug-in type.
+    std::optional<std::u16string> referenceName() const override { return name; }
     std::u16string assetType() const override { return u"material"; }
 
 protected:

@@ -1,9 +1,9 @@
 #include "materials/base_brdf.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/glass_brdf.h"
+#include "materials/glossy_brdf.h"
 #include "materials/light_brdf.h"
 #include "materials/mirror_brdf.h"
-#include "materials/phong_blinn_brdf.h"
 
 namespace TalvexCore {
 

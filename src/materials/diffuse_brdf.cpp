@@ -1,7 +1,7 @@
 #include "materials/diffuse_brdf.h"
 
-#include "materials/record_io.h"
-#include "materials/shared_constants.h"
+#include "records/record_io.h"
+#include "records/shared_constants.h"
 #include "xml/asset_xml_writer.h"
 
 namespace TalvexCore {
@@ -64,7 +64,7 @@ bool Diffuse_BRDF::isEqual(const BRDFPtr& other) const
 
 void Diffuse_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
 {
-    writeLayerXml(writer, std::move(url), {
+    writeLayerXml(writer, url, {
         {"color", color},
         {"transparency", transparency},
         {"color_tex_mult", color_tex_mult},

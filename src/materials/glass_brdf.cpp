@@ -1,7 +1,7 @@
 #include "materials/glass_brdf.h"
 
-#include "materials/record_io.h"
-#include "materials/shared_constants.h"
+#include "records/record_io.h"
+#include "records/shared_constants.h"
 #include "xml/asset_xml_writer.h"
 
 namespace TalvexCore {
@@ -137,7 +137,7 @@ bool Glass_BRDF::isEqual(const BRDFPtr& other) const
 // The glossiness child stands under the url word "glossy_texture", not its parameter's name.
 void Glass_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
 {
-    writeLayerXml(writer, std::move(url), {
+    writeLayerXml(writer, url, {
         {"color", color},
         {"transparency", transparency},
         {"fog_color", fog_color},

@@ -1,7 +1,7 @@
 #include "materials/light_brdf.h"
 
-#include "materials/record_io.h"
-#include "materials/shared_constants.h"
+#include "records/record_io.h"
+#include "records/shared_constants.h"
 #include "xml/asset_xml_writer.h"
 
 namespace TalvexCore {
@@ -74,7 +74,7 @@ bool Light_BRDF::isEqual(const BRDFPtr& other) const
 // The transparency child stands under the short url word "transp_texture" in this layer only.
 void Light_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
 {
-    writeLayerXml(writer, std::move(url), {
+    writeLayerXml(writer, url, {
         {"color", color},
         {"transparency", transparency},
         {"intensity", intensity},

@@ -1,9 +1,9 @@
 #include "materials/material_layered_brdf.h"
 
 #include "archive/quick_archive.h"
-#include "materials/record_io.h"
 #include "materials/scene_materials.h"
-#include "xml/asset_xml_writer.h"
+#include "records/record_io.h"
+#include "xml/asset_frame.h"
 
 namespace TalvexCore {
 
@@ -114,12 +114,6 @@ bool MaterialLayeredBRDF::isEqual(const MaterialPtr& other) const
            layered_aux_4 == that->layered_aux_4;
 }
 
-void MaterialLayeredBRDF::writeLayerAssets(AssetXmlWriter& writer, const std::u16string& url) const
-{
-    for (const BRDFPtr& layer : brdfs)
-        if (layer) layer->writeXml(writer, url);
-}
-
 void MaterialLayeredBRDF::writeLayerList(AssetXmlWriter& writer, const std::u16string& url) const
 {
     writer.openList("brdfs", "plugin");
@@ -128,19 +122,21 @@ void MaterialLayeredBRDF::writeLayerList(AssetXmlWriter& writer, const std::u16s
     writer.closeList();
 }
 
-// The asset of a layered material inside a wrapper or the scene set: its layers, then itself.
-void MaterialLayeredBRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void MaterialLayeredBRDF::writeAsset(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    url += u"/" + name;
-    writeLayerAssets(writer, url);
-    writer.openAsset(url, assetType(), "defnumat");
-    writer.openPlugin(pluginType(), assetType());
-    writer.openParameters();
+    // Each layer extends the material's url by its own name.
+    std::vector<ChildSlot> layers;
+    layers.reserve(brdfs.size());
+    for (const BRDFPtr& layer : brdfs) layers.emplace_back(nullptr, nullptr, layer);
+    const AssetFrame frame(writer, *this, url, "defnumat", layers);
     writer.writeInt("double_sided", static_cast<int32_t>(double_sided));
     writeLayerList(writer, url);
-    writer.closeParameters();
-    writer.closePlugin();
-    writer.closeAsset();
+    frame.close();
+}
+
+void MaterialLayeredBRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
+{
+    writeAsset(writer, url + u"/" + name);
 }
 
 }  // namespace TalvexCore

@@ -34,12 +34,13 @@ public:
     void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
     std::u16string pluginType() const override { return u"MtlTALVEX"; }
 
-    // Each layer's asset under `url`, in order.
-    void writeLayerAssets(AssetXmlWriter& writer, const std::u16string& url) const;
-    // The list "brdfs": one entry per layer, `url` + "/" + the layer's name.
-    void writeLayerList(AssetXmlWriter& writer, const std::u16string& url) const;
+    // The layers' assets, then this material's own, at exactly `url`: inside a wrapper or the scene
+    // set under its own name, in the standard layout under the outermost material's.
+    void writeAsset(AssetXmlWriter& writer, const std::u16string& url) const;
 
 private:
+    // The list "brdfs": one entry per layer, `url` + "/" + the layer's name.
+    void writeLayerList(AssetXmlWriter& writer, const std::u16string& url) const;
     std::shared_ptr<MaterialLayeredBRDF> copyWithClonedLayers() const;
 };
 

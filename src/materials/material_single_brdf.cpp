@@ -1,8 +1,8 @@
 #include "materials/material_single_brdf.h"
 
 #include "archive/quick_archive.h"
-#include "materials/record_io.h"
 #include "materials/scene_materials.h"
+#include "records/record_io.h"
 
 namespace TalvexCore {
 

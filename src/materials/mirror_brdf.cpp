@@ -1,7 +1,7 @@
 #include "materials/mirror_brdf.h"
 
-#include "materials/record_io.h"
-#include "materials/shared_constants.h"
+#include "records/record_io.h"
+#include "records/shared_constants.h"
 #include "textures/fresnel_texture.h"
 #include "xml/asset_xml_writer.h"
 
@@ -83,7 +83,7 @@ bool Mirror_BRDF::isEqual(const BRDFPtr& other) const
 
 void Mirror_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
 {
-    writeLayerXml(writer, std::move(url), {
+    writeLayerXml(writer, url, {
         {"color", color},
         {"transparency", filter_color.complementColor()},
         {"color_tex_mult", color_tex_mult},

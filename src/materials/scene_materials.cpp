@@ -4,10 +4,11 @@
 
 #include "archive/quick_archive.h"
 #include "archive/text_conversion.h"
+#include "archive/wide_text.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/material_layered_brdf.h"
-#include "materials/record_io.h"
-#include "materials/uuid.h"
+#include "records/record_io.h"
+#include "records/uuid.h"
 
 namespace TalvexCore {
 

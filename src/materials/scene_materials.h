@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "archive/wide_text.h"
+#include "archive/name_compare.h"
 #include "materials/base_material.h"
-#include "materials/serializable.h"
+#include "records/serializable.h"
 
 namespace TalvexCore {
 

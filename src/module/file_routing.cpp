@@ -1,9 +1,9 @@
 #include "module/file_routing.h"
 
+#include "archive/name_compare.h"
 #include "archive/regular_file.h"
 #include "archive/stream_bytes.h"
 #include "archive/text_conversion.h"
-#include "archive/wide_text.h"
 
 namespace TalvexCore {
 

@@ -1,7 +1,7 @@
 #include "module/material_conversion.h"
 
-#include "archive/tal_mat_file.h"
-#include "xml/material_layouts.h"
+#include "materials/material_layouts.h"
+#include "materials/tal_mat_file.h"
 
 namespace TalvexCore {
 

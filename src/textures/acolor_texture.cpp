@@ -1,6 +1,6 @@
 #include "textures/acolor_texture.h"
 
-#include "materials/record_io.h"
+#include "records/record_io.h"
 #include "textures/texture_xml.h"
 
 namespace TalvexCore {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "archive/quick_archive.h"
-#include "materials/serializable.h"
+#include "records/serializable.h"
 
 namespace TalvexCore {
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "materials/serializable.h"
+#include "records/serializable.h"
 
 namespace TalvexCore {
 

@@ -1,7 +1,7 @@
 #include "textures/bitmap_buffer.h"
 
-#include "archive/wide_text.h"
-#include "materials/record_io.h"
+#include "archive/name_compare.h"
+#include "records/record_io.h"
 #include "textures/texture_xml.h"
 
 namespace TalvexCore {

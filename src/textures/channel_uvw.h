@@ -2,7 +2,7 @@
 #pragma once
 
 #include "archive/value_types.h"
-#include "materials/transform_components.h"
+#include "records/transform_components.h"
 #include "textures/base_uvw.h"
 
 namespace TalvexCore {

@@ -1,9 +1,9 @@
 #include "textures/checker_texture.h"
 
-#include "materials/record_io.h"
+#include "records/record_io.h"
 #include "textures/acolor_texture.h"
+#include "textures/space_uvw.h"
 #include "textures/texture_xml.h"
-#include "textures/world_object_uvw.h"
 
 namespace TalvexCore {
 

@@ -19,8 +19,8 @@
 #include "textures/invert_texture.h"
 #include "textures/noise_texture.h"
 #include "textures/ramp_texture.h"
+#include "textures/space_uvw.h"
 #include "textures/uvw_texture.h"
-#include "textures/world_object_uvw.h"
 
 namespace TalvexCore {
 

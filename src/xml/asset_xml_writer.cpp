@@ -1,10 +1,6 @@
 #include "xml/asset_xml_writer.h"
 
-#include "materials/base_material.h"
-#include "materials/transform_components.h"
-#include "textures/base_bitmap.h"
-#include "textures/base_texture.h"
-#include "textures/base_uvw.h"
+#include "records/transform_components.h"
 #include "xml/number_text.h"
 
 namespace TalvexCore {
@@ -267,39 +263,20 @@ void AssetXmlWriter::writePluginName(XmlText name, XmlText value, XmlText label)
     inlineValueEnd();
 }
 
-void AssetXmlWriter::pluginReference(const XmlText& name, bool present, const XmlText& url,
-                                     std::u16string_view tail, const XmlText& label)
+void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref, XmlText url, XmlText label)
 {
     parameterHead("plugin", name, "default", "none", label, false);
-    if (!present) {
+    if (!ref) {
         parameterEnd();
         return;
     }
     inlineValueStart();
     appendEscaped(url);
-    out.push_back(u'/');
-    out.append(tail);
+    if (const std::optional<std::u16string> tail = ref->referenceName()) {
+        out.push_back(u'/');
+        out.append(*tail);
+    }
     inlineValueEnd();
-}
-
-void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseTexture>& ref, XmlText url, XmlText label)
-{
-    pluginReference(name, ref != nullptr, url, ref ? ref->pluginType() : std::u16string(), label);
-}
-
-void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseMaterial>& ref, XmlText url, XmlText label)
-{
-    pluginReference(name, ref != nullptr, url, ref ? std::u16string_view(ref->name) : std::u16string_view(), label);
-}
-
-void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseUVW>& ref, XmlText url, XmlText label)
-{
-    pluginReference(name, ref != nullptr, url, ref ? ref->pluginType() : std::u16string(), label);
-}
-
-void AssetXmlWriter::writePlugin(XmlText name, const std::shared_ptr<BaseBitmap>& ref, XmlText url, XmlText label)
-{
-    pluginReference(name, ref != nullptr, url, ref ? ref->pluginType() : std::u16string(), label);
 }
 
 void AssetXmlWriter::floatLine(std::string_view tag, float value)

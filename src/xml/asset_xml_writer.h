@@ -1,6 +1,7 @@
 // AssetXmlWriter: the text emitter of asset XML, with its element and parameter forms.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -9,14 +10,11 @@
 #include <string_view>
 
 #include "archive/value_types.h"
+#include "records/serializable.h"
 #include "xml/xml_text.h"
 
 namespace TalvexCore {
 
-class BaseTexture;
-class BaseMaterial;
-class BaseUVW;
-class BaseBitmap;
 class TransformComponents;
 
 // Appends text to a wide string; it builds no tree and checks no balance, so the caller's order
@@ -51,12 +49,15 @@ public:
     void writeFileString(XmlText name, XmlText value, XmlText label = {}, bool isUserData = false);
     void writePluginName(XmlText name, XmlText value, XmlText label = {});
 
-    // A plugin parameter naming another asset: its url, "/", and the object's plug-in type
-    // (a material's name). An empty reference gives the parameter with no value.
-    void writePlugin(XmlText name, const std::shared_ptr<BaseTexture>& ref, XmlText url, XmlText label = {});
-    void writePlugin(XmlText name, const std::shared_ptr<BaseMaterial>& ref, XmlText url, XmlText label = {});
-    void writePlugin(XmlText name, const std::shared_ptr<BaseUVW>& ref, XmlText url, XmlText label = {});
-    void writePlugin(XmlText name, const std::shared_ptr<BaseBitmap>& ref, XmlText url, XmlText label = {});
+    // A plugin parameter naming the asset of `ref` at `url`: the url, then "/" and the object's
+    // reference name, as its contract gives it. No object gives the parameter with no value.
+    void writePlugin(XmlText name, const TalvexXMLSerializable* ref, XmlText url, XmlText label = {});
+    template <class T>
+        requires std::derived_from<T, TalvexXMLSerializable>
+    void writePlugin(XmlText name, const std::shared_ptr<T>& ref, XmlText url, XmlText label = {})
+    {
+        writePlugin(name, static_cast<const TalvexXMLSerializable*>(ref.get()), url, label);
+    }
 
     void writeColor(XmlText name, const Color& value, XmlText label = {});
     void writeAColor(XmlText name, const AColor& value, XmlText label = {});
@@ -101,8 +102,6 @@ private:
     void vectorBlock(const Vector& v);
     void componentBlock(std::string_view type, const XmlText& name, const TransformComponents& c,
                         const XmlText& label);
-    void pluginReference(const XmlText& name, bool present, const XmlText& url, std::u16string_view tail,
-                         const XmlText& label);
     void appendEscaped(const XmlText& text);
 
     std::u16string& out;

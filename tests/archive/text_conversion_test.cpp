@@ -1,6 +1,7 @@
 // Narrow and wide text: UTF-8 both ways, the Windows-1252 fall-back, zeros, surrogates, name comparison.
 #include <gtest/gtest.h>
 
+#include "archive/name_compare.h"
 #include "archive/text_conversion.h"
 #include "archive/wide_text.h"
 

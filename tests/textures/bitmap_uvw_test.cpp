@@ -9,7 +9,7 @@
 #include "textures/bitmap_texture.h"
 #include "textures/channel_uvw.h"
 #include "textures/environment_uvw.h"
-#include "textures/world_object_uvw.h"
+#include "textures/space_uvw.h"
 
 using namespace TalvexCore;
 using namespace TalvexTest;

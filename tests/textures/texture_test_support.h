@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "archive/quick_archive.h"
-#include "materials/transform_components.h"
+#include "records/transform_components.h"
 #include "support/byte_builder.h"
 #include "textures/acolor_texture.h"
 #include "xml/asset_xml_writer.h"

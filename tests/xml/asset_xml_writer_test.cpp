@@ -5,7 +5,7 @@
 
 #include "archive/text_conversion.h"
 #include "materials/material_single_brdf.h"
-#include "materials/transform_components.h"
+#include "records/transform_components.h"
 #include "textures/acolor_texture.h"
 #include "xml/asset_xml_writer.h"
 

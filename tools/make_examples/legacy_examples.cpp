@@ -8,8 +8,8 @@
 
 #include "archive/quick_archive.h"
 #include "materials/diffuse_brdf.h"
+#include "materials/glossy_brdf.h"
 #include "materials/material_layered_brdf.h"
-#include "materials/phong_blinn_brdf.h"
 #include "record_bytes.h"
 
 namespace MakeExamples {

@@ -6,15 +6,15 @@
 #include <memory>
 #include <string>
 
-#include "archive/tal_mat_file.h"
 #include "legacy_examples.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/glass_brdf.h"
+#include "materials/glossy_brdf.h"
 #include "materials/light_brdf.h"
 #include "materials/material_layered_brdf.h"
 #include "materials/material_single_brdf.h"
 #include "materials/mirror_brdf.h"
-#include "materials/phong_blinn_brdf.h"
+#include "materials/tal_mat_file.h"
 #include "textures/acolor_texture.h"
 #include "textures/bitmap_buffer.h"
 #include "textures/bitmap_texture.h"
@@ -29,8 +29,8 @@
 #include "textures/invert_texture.h"
 #include "textures/noise_texture.h"
 #include "textures/ramp_texture.h"
+#include "textures/space_uvw.h"
 #include "textures/uvw_texture.h"
-#include "textures/world_object_uvw.h"
 
 namespace fs = std::filesystem;
 using namespace TalvexCore;

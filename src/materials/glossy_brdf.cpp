@@ -1,7 +1,7 @@
-#include "materials/phong_blinn_brdf.h"
+#include "materials/glossy_brdf.h"
 
-#include "materials/record_io.h"
-#include "materials/shared_constants.h"
+#include "records/record_io.h"
+#include "records/shared_constants.h"
 #include "textures/fresnel_texture.h"
 #include "xml/asset_xml_writer.h"
 
@@ -109,7 +109,7 @@ bool Glossy_BRDF::isEqual(const BRDFPtr& other) const
 // The url words are in snake case although the parameter names are mixed.
 void Glossy_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
 {
-    writeLayerXml(writer, std::move(url), {
+    writeLayerXml(writer, url, {
         {"color", color},
         {"transparency", filter_color.complementColor()},
         {"hilightGlossiness", hilightGlossiness},

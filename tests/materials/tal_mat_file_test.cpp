@@ -7,9 +7,9 @@
 
 #include <unistd.h>
 
-#include "archive/tal_mat_file.h"
 #include "materials/base_brdf.h"
 #include "materials/material_single_brdf.h"
+#include "materials/tal_mat_file.h"
 #include "support/byte_builder.h"
 
 using namespace TalvexCore;

@@ -1,9 +1,9 @@
-#include "materials/transform_components.h"
+#include "records/transform_components.h"
 
 #include <cmath>
 
 #include "archive/quick_archive.h"
-#include "materials/shared_constants.h"
+#include "records/shared_constants.h"
 
 namespace TalvexCore {
 

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "materials/material_test_support.h"
-#include "materials/record_io.h"
-#include "materials/transform_components.h"
+#include "records/record_io.h"
+#include "records/transform_components.h"
 
 using namespace TalvexCore;
 using namespace TalvexTest;

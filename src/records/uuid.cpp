@@ -1,4 +1,4 @@
-#include "materials/uuid.h"
+#include "records/uuid.h"
 
 #include <cstdint>
 #include <random>

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "archive/value_types.h"
-#include "materials/serializable.h"
+#include "records/serializable.h"
 
 namespace TalvexCore {
 

@@ -1,7 +1,7 @@
-#include "textures/world_object_uvw.h"
+#include "textures/space_uvw.h"
 
-#include "materials/record_io.h"
-#include "materials/shared_constants.h"
+#include "records/record_io.h"
+#include "records/shared_constants.h"
 #include "textures/texture_xml.h"
 
 namespace TalvexCore {

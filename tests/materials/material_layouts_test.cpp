@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "materials/material_layered_brdf.h"
+#include "materials/material_layouts.h"
 #include "materials/material_single_brdf.h"
 #include "materials/material_test_support.h"
-#include "xml/material_layouts.h"
 
 namespace TalvexTest {
 namespace {

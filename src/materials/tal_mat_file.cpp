@@ -1,13 +1,13 @@
-#include "archive/tal_mat_file.h"
+#include "materials/tal_mat_file.h"
 
 #include <istream>
 #include <ostream>
 
+#include "archive/name_compare.h"
 #include "archive/quick_archive.h"
 #include "archive/regular_file.h"
 #include "archive/stream_bytes.h"
-#include "archive/wide_text.h"
-#include "materials/serializable.h"
+#include "records/serializable.h"
 
 namespace TalvexCore {
 

@@ -1,4 +1,4 @@
-#include "materials/serializable.h"
+#include "records/serializable.h"
 
 #include <algorithm>
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace TalvexCore {
@@ -19,6 +20,9 @@ public:
     virtual void writeXml(TalvexCore::AssetXmlWriter& writer, std::u16string url) const = 0;
     virtual std::u16string pluginType() const = 0;
     virtual std::u16string assetType() const = 0;
+    // What a plugin parameter naming this object's asset puts behind the asset url and "/": the
+    // plug-in type, unless a family says otherwise. No text means the url alone, with no "/".
+    virtual std::optional<std::u16string> referenceName() const { return pluginType(); }
 };
 
 }  // namespace NuvaUtils

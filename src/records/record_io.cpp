@@ -1,4 +1,4 @@
-#include "materials/record_io.h"
+#include "records/record_io.h"
 
 namespace TalvexCore {
 

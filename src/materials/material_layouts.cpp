@@ -1,4 +1,4 @@
-#include "xml/material_layouts.h"
+#include "materials/material_layouts.h"
 
 #include "materials/material_layered_brdf.h"
 
@@ -56,15 +56,7 @@ void writeStandardLayout(AssetXmlWriter& writer, const MaterialPtr& material)
     const auto* layered = dynamic_cast<const MaterialLayeredBRDF*>(cores.front().get());
     if (!layered) return;
 
-    layered->writeLayerAssets(writer, url);
-    writer.openAsset(url, layered->assetType(), "defnumat");
-    writer.openPlugin(layered->pluginType(), layered->assetType());
-    writer.openParameters();
-    writer.writeInt("double_sided", static_cast<int32_t>(layered->double_sided));
-    layered->writeLayerList(writer, url);
-    writer.closeParameters();
-    writer.closePlugin();
-    writer.closeAsset();
+    layered->writeAsset(writer, url);
 }
 
 std::vector<MaterialPtr> findMaterialsByType(const MaterialPtr& material, uint32_t typeId)
