@@ -16,8 +16,7 @@ constexpr uint64_t minimumLayerBytes = 8;
 bool readLayers(QuickArchive& in, std::vector<BRDFPtr>& layers)
 {
     uint64_t count = 0;
-    in.readCount(count);
-    if (!in.countFits(count, minimumLayerBytes)) return false;
+    if (!readListCount(in, count, minimumLayerBytes)) return false;
     for (uint64_t i = 0; i < count; ++i) {
         BRDFPtr layer;
         if (!readRequiredChild(in, layer)) return false;

@@ -239,8 +239,7 @@ bool SceneMaterials::readBinary(QuickArchive& in)
     const auto version = readVersion(in, {1, 2});
     if (!version) return false;
     uint64_t count = 0;
-    in.readCount(count);
-    if (!in.countFits(count, minimumMaterialBytes)) return false;
+    if (!readListCount(in, count, minimumMaterialBytes)) return false;
     for (uint64_t i = 0; i < count; ++i) {
         MaterialPtr material;
         if (!readRequiredChild(in, material)) return false;
@@ -253,8 +252,7 @@ bool SceneMaterials::readBinary(QuickArchive& in)
         }
     }
     if (*version == 1) return true;
-    in.readCount(count);
-    if (!in.countFits(count, minimumUuidEntryBytes)) return false;
+    if (!readListCount(in, count, minimumUuidEntryBytes)) return false;
     for (uint64_t i = 0; i < count; ++i) {
         std::u16string key, value;
         in.readWString(key);

@@ -30,10 +30,13 @@ bool isOptionsFilePath(const std::u16string& path)
 }
 
 ConversionOutcome appendPlainText(const std::u16string& path, std::u16string& text,
-                                  const AssetXmlWriter::FlushSink& sink)
+                                  const AssetXmlWriter::FlushSink& sink, ConversionNotes* notes)
 {
     RegularFile file(path);
-    if (!file.isOpen()) return ConversionOutcome::Unreadable;
+    if (!file.isOpen()) {
+        if (notes) notes->unreadableReason = file.failureReason();
+        return ConversionOutcome::Unreadable;
+    }
     // Everything behind the first zero byte is lost, and so it is never read.
     appendNarrowAsWide(text, readBytesUpToZero(file.stream()));
     if (sink) sink(text);

@@ -20,6 +20,7 @@
 
 namespace fs = std::filesystem;
 using namespace CindrelTool;
+using TalvexCore::ConversionNotes;
 using TalvexCore::ConversionOutcome;
 
 namespace {
@@ -27,7 +28,7 @@ namespace {
 constexpr const char* versionText = "cindrel 0.1.0";
 
 const char* usageText =
-    "Usage: cindrel [-o DIR] [-q] FILE|FOLDER...\n"
+    "Usage: cindrel [-o DIR] [-q] [--pass-damaged] FILE|FOLDER...\n"
     "\n"
     "Converts material files (.talmat, .numat) and render-options files (.talopt, .nuopt) to\n"
     "their XML asset text, the same text the Python commands getTalmatXml and getTaloptXml give.\n"
@@ -37,18 +38,30 @@ const char* usageText =
     "  -o DIR      write DIR/NAME.xml for each file instead (folders keep their sub-folders),\n"
     "              and print one line per file\n"
     "  -q          no progress and no notes on standard error, only errors\n"
+    "  --pass-damaged\n"
+    "              pass a damaged binary file through as text, as the Python commands do,\n"
+    "              with a warning, instead of failing on it\n"
     "  -h, --help  show this text\n"
     "  --version   show the version\n"
     "\n"
     "A file that is not a binary file of its kind is taken to be XML already: its text passes\n"
-    "through unchanged, and standard error says so. The exit status is 0 when every file was\n"
-    "converted or passed through, 1 when any file could not be read, and 2 for a usage error.\n";
+    "through unchanged, and standard error says so. A file whose header says it is binary but\n"
+    "which does not load is damaged: the error names what failed, where and why, and no XML is\n"
+    "written for it. Warnings tell of files that loaded although cut short, and of documents with\n"
+    "characters that XML 1.0 does not allow. With -o, each document is written whole under a\n"
+    "temporary name and then renamed, so a failed write leaves no file; two inputs that would\n"
+    "have one output name are refused, not overwritten. Every failure is reported against its\n"
+    "file and the batch goes on.\n"
+    "\n"
+    "The exit status is 0 when every file was converted or passed through, 1 when any file\n"
+    "failed, and 2 for a usage error.\n";
 
 struct Settings {
     std::vector<std::string> inputs;
     fs::path outputDir;
     bool toDirectory = false;
     bool quiet = false;
+    bool passDamaged = false;
 };
 
 int usageError(const std::string& message)
@@ -57,17 +70,27 @@ int usageError(const std::string& message)
     return 2;
 }
 
-// Writes the XML of one file through `output`; what the conversion made of it.
-ConversionOutcome convertFile(const InputFile& input, Utf8Output& output)
+// Writes the XML of one file through `output`; what the conversion made of it and found wrong.
+ConversionOutcome convertFile(const InputFile& input, Utf8Output& output, ConversionNotes& notes)
 {
     const std::u16string path = TalvexCore::fileNameToWide(input.path.native());
     std::u16string text;
     const auto sink = [&output](std::u16string& t) { output.take(t); };
-    const ConversionOutcome outcome = input.kind == FileKind::Material
-                                          ? TalvexCore::writeMaterialFileXml(path, text, sink)
-                                          : TalvexCore::writeOptionsFileXml(path, text, sink);
+    ConversionOutcome outcome;
+    if (input.kind == FileKind::Material) {
+        outcome = TalvexCore::writeMaterialFileXml(path, text, sink, &notes);
+    } else {
+        outcome = TalvexCore::writeOptionsFileXml(path, text, sink);
+        if (outcome == ConversionOutcome::Unreadable)
+            notes.unreadableReason = TalvexCore::RegularFile(input.path.native()).failureReason();
+    }
     output.take(text, true);
     return outcome;
+}
+
+const char* kindName(FileKind kind)
+{
+    return kind == FileKind::Material ? "material" : "options";
 }
 
 class Progress {
@@ -173,15 +196,12 @@ private:
             error(input.path, "not a material or options file (.talmat, .numat, .talopt, .nuopt)");
             return;
         }
-        // Only a regular file is read: a FIFO or a device could block or never end.
-        const TalvexCore::RegularFile probe(input.path.native());
-        if (!probe.isOpen()) {
-            error(input.path, probe.failureReason());
-            return;
-        }
+        ConversionNotes notes;
         if (!settings.toDirectory) {
+            // A damaged file's text is empty (its first byte is a zero), so nothing reaches the
+            // output before the report decides.
             standardOutput.resetCounts();
-            report(input, convertFile(input, standardOutput), standardOutput, {});
+            report(input, convertFile(input, standardOutput, notes), notes, standardOutput, {});
             return;
         }
         std::error_code ec;
@@ -192,29 +212,47 @@ private:
             return;
         }
         Utf8Output output(file.file());
-        const ConversionOutcome outcome = convertFile(input, output);
+        const ConversionOutcome outcome = convertFile(input, output, notes);
         output.finish();
-        if (outcome == ConversionOutcome::Unreadable) {
+        if (outcome == ConversionOutcome::Unreadable || rejected(outcome, notes)) {
             file.abandon();
-            report(input, outcome, output, target);
+            report(input, outcome, notes, output, target);
             return;
         }
         if (!file.commit(output.error())) {
             error(input.path, "cannot write " + target.string() + ": " + file.error());
             return;
         }
-        report(input, outcome, output, target);
+        report(input, outcome, notes, output, target);
     }
 
-    void report(const InputFile& input, ConversionOutcome outcome, const Utf8Output& output, const fs::path& target)
+    // A file whose header says it is binary but which does not load is damaged: an error, unless
+    // its pass-through text is asked for.
+    bool rejected(ConversionOutcome outcome, const ConversionNotes& notes) const
+    {
+        return outcome == ConversionOutcome::PlainText && notes.binaryHeader && !settings.passDamaged;
+    }
+
+    void report(const InputFile& input, ConversionOutcome outcome, const ConversionNotes& notes,
+                const Utf8Output& output, const fs::path& target)
     {
         if (outcome == ConversionOutcome::Unreadable) {
-            error(input.path, TalvexCore::RegularFile(input.path.native()).failureReason());
+            error(input.path, notes.unreadableReason);
             return;
         }
-        if (outcome == ConversionOutcome::PlainText)
-            note(input.path, std::string("not a binary ") + (input.kind == FileKind::Material ? "material" : "options") +
-                                 " file; passed through as text");
+        const std::string damage = std::string("damaged binary ") + kindName(input.kind) + " file: " +
+                                   (notes.failure ? describe(*notes.failure) : std::string("it does not load"));
+        if (rejected(outcome, notes)) {
+            error(input.path, damage + "; no XML written");
+            return;
+        }
+        if (outcome == ConversionOutcome::PlainText && notes.binaryHeader)
+            note(input.path, "warning: " + damage + "; passed through as text");
+        else if (outcome == ConversionOutcome::PlainText)
+            note(input.path, std::string("not a binary ") + kindName(input.kind) + " file; passed through as text");
+        if (outcome == ConversionOutcome::Binary && notes.readPastEnd)
+            note(input.path, "warning: the load read past the end of the file's data: it may be cut short, and "
+                             "values read there are not the file's");
         if (output.forbiddenCharacters() > 0)
             note(input.path, "warning: the document holds " + std::to_string(output.forbiddenCharacters()) +
                                  " character(s) that XML 1.0 does not allow; they are kept as they are");
@@ -267,6 +305,8 @@ int main(int argc, char** argv)
             return 0;
         } else if (!optionsEnded && argument == "-q") {
             settings.quiet = true;
+        } else if (!optionsEnded && argument == "--pass-damaged") {
+            settings.passDamaged = true;
         } else if (!optionsEnded && (argument == "-o" || argument.rfind("--output=", 0) == 0)) {
             if (argument == "-o") {
                 if (++i >= argc) return usageError("-o needs a folder");
