@@ -68,7 +68,6 @@ const QuickArchive::Block* QuickArchive::storedBlock(uint64_t index) const
 
 uint8_t* QuickArchive::zeroRunBlock(uint64_t index)
 {
-    if (!zeroRun) zeroRun = std::make_shared<ZeroBlocks>();
     std::shared_ptr<Block>& block = zeroRun->made[index];
     if (!block) block = newBlock();
     return block->data();
@@ -303,6 +302,7 @@ bool QuickArchive::readFromStream(std::istream& in)
         blocks.push_back(std::move(block));
     }
     logicalBlocks = count;
+    if (logicalBlocks > blocks.size()) zeroRun = std::make_shared<ZeroBlocks>();  // shared by copies
     return count > 0;
 }
 

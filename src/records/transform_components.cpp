@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "archive/quick_archive.h"
+#include "records/record_io.h"
 #include "records/shared_constants.h"
 
 namespace TalvexCore {
@@ -54,9 +55,7 @@ bool TransformComponents::writeBinary(QuickArchive& out) const
 bool TransformComponents::readBinary(QuickArchive& in)
 {
     resetDefaults();
-    uint32_t tag = 0;
-    in.readU32(tag);
-    if (tag != componentsTag) return false;
+    if (!readVersion(in, {versionOf(componentsTag)})) return false;
     for (float* v : {&x_rotation, &y_rotation, &z_rotation, &x_scale, &y_scale, &z_scale, &x_offset, &y_offset,
                      &z_offset})
         in.readF32(*v);

@@ -69,6 +69,46 @@ class HostileFiles(unittest.TestCase):
         self.assertEqual(result.stdout, b"<talmat/>")
 
 
+class DamagedFiles(unittest.TestCase):
+    def setUp(self):
+        self.tmp = tempfile.TemporaryDirectory()
+        self.addCleanup(self.tmp.cleanup)
+        self.dir = pathlib.Path(self.tmp.name)
+
+    def write(self, name, data):
+        path = self.dir / name
+        path.write_bytes(data)
+        return path
+
+    def test_a_binary_header_that_does_not_load_is_an_error_with_what_where_and_why(self):
+        damaged = self.write("cut.talmat", (EXAMPLES / "car_paint_v2.talmat").read_bytes()[:250])
+        out = self.dir / "out"
+        result = run("-o", out, damaged)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn(b"cut.talmat: damaged binary material file: in material 1 (MtlTALVEX) at offset 255: "
+                      b"version tag 0x00000000 is not one of this record's", result.stderr)
+        self.assertFalse(out.exists() and files_below(out))
+        result = run(damaged)
+        self.assertEqual((result.returncode, result.stdout), (1, b""))
+        # Asked for, the pass-through stays: the text up to the first zero byte, here empty.
+        result = run("--pass-damaged", "-o", out, damaged)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertIn(b"warning: damaged binary material file", result.stderr)
+        self.assertEqual((out / "cut.xml").read_bytes(), b"")
+
+    def test_warnings_for_reads_past_the_end_and_characters_xml_forbids(self):
+        whole = (EXAMPLES / "wood_floor.talmat").read_bytes()
+        cut = self.write("short.talmat", whole[:len(whole.rstrip(b"\0")) - 8])
+        result = run(cut)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertIn(b"short.talmat: warning: the load read past the end", result.stderr)
+        self.assertNotIn(b"warning", run(EXAMPLES / "wood_floor.talmat").stderr)
+        text = self.write("ls.talmat", b"\x7fELF\x02\x01\x01\x00rest")
+        result = run(text)
+        self.assertEqual((result.returncode, result.stdout), (0, b"\x7fELF\x02\x01\x01"))
+        self.assertIn(b"ls.talmat: warning: the document holds 3 character(s) that XML 1.0 does not allow", result.stderr)
+
+
 class WholeOrAbsentOutput(unittest.TestCase):
     def setUp(self):
         self.tmp = tempfile.TemporaryDirectory()
