@@ -25,11 +25,14 @@ def files_below(folder):
     return sorted(str(p.relative_to(folder)) for p in pathlib.Path(folder).rglob("*") if p.is_file())
 
 
-class HostileFiles(unittest.TestCase):
+class InTemporaryFolder(unittest.TestCase):
     def setUp(self):
         self.tmp = tempfile.TemporaryDirectory()
         self.addCleanup(self.tmp.cleanup)
         self.dir = pathlib.Path(self.tmp.name)
+
+
+class HostileFiles(InTemporaryFolder):
 
     def test_things_that_are_not_regular_files_are_refused_at_once(self):
         fifo = self.dir / "pipe.talmat"
@@ -69,12 +72,7 @@ class HostileFiles(unittest.TestCase):
         self.assertEqual(result.stdout, b"<talmat/>")
 
 
-class DamagedFiles(unittest.TestCase):
-    def setUp(self):
-        self.tmp = tempfile.TemporaryDirectory()
-        self.addCleanup(self.tmp.cleanup)
-        self.dir = pathlib.Path(self.tmp.name)
-
+class DamagedFiles(InTemporaryFolder):
     def write(self, name, data):
         path = self.dir / name
         path.write_bytes(data)
@@ -109,12 +107,7 @@ class DamagedFiles(unittest.TestCase):
         self.assertIn(b"ls.talmat: warning: the document holds 3 character(s) that XML 1.0 does not allow", result.stderr)
 
 
-class WholeOrAbsentOutput(unittest.TestCase):
-    def setUp(self):
-        self.tmp = tempfile.TemporaryDirectory()
-        self.addCleanup(self.tmp.cleanup)
-        self.dir = pathlib.Path(self.tmp.name)
-
+class WholeOrAbsentOutput(InTemporaryFolder):
     def test_a_write_that_fails_leaves_no_file_and_names_the_reason(self):
         source = self.dir / "in"
         source.mkdir()
