@@ -7,7 +7,7 @@
 #include <istream>
 #include <ostream>
 
-#include "archive/file_path.h"
+#include "archive/regular_file.h"
 #include "archive/text_conversion.h"
 
 static_assert(std::endian::native == std::endian::little, "values are stored as they lie in memory");
@@ -45,6 +45,9 @@ QuickArchive::~QuickArchive() = default;
 void QuickArchive::clear()
 {
     blocks.clear();
+    zeroRun.reset();
+    receivedBytes = 0;
+    firstFailure.reset();
     logicalBlocks = 0;
     readCursor = 0;
     writeCursor = 0;
@@ -52,13 +55,36 @@ void QuickArchive::clear()
 
 const QuickArchive::Block* QuickArchive::blockAt(uint64_t index) const
 {
-    return index < blocks.size() ? blocks[index].get() : nullptr;
+    return storedBlock(index);
+}
+
+const QuickArchive::Block* QuickArchive::storedBlock(uint64_t index) const
+{
+    if (index < blocks.size()) return blocks[index].get();
+    if (index >= logicalBlocks || !zeroRun) return nullptr;
+    const auto made = zeroRun->made.find(index);
+    return made == zeroRun->made.end() ? nullptr : made->second.get();
+}
+
+uint8_t* QuickArchive::zeroRunBlock(uint64_t index)
+{
+    std::shared_ptr<Block>& block = zeroRun->made[index];
+    if (!block) block = newBlock();
+    return block->data();
 }
 
 uint8_t* QuickArchive::writableBlock(uint64_t index)
 {
-    if (index >= logicalBlocks) logicalBlocks = index + 1;
+    if (index < blocks.size()) return blocks[index]->data();
+    if (index < logicalBlocks) return zeroRunBlock(index);
+    // Growing past the zero run: its blocks are made where every copy sees them, then taken in.
+    for (uint64_t i = blocks.size(); i < logicalBlocks; ++i) {
+        zeroRunBlock(i);
+        blocks.push_back(zeroRun->made[i]);
+    }
+    zeroRun.reset();
     while (blocks.size() <= index) blocks.push_back(newBlock());
+    logicalBlocks = index + 1;
     return blocks[index]->data();
 }
 
@@ -72,8 +98,12 @@ void QuickArchive::readByte(uint8_t& b)
 {
     const uint64_t position = readCursor++;
     const uint64_t index = blockIndex(position);
-    if (index < blocks.size()) b = (*blocks[index])[blockOffset(position)];
-    else if (index < logicalBlocks) b = 0;
+    if (index < blocks.size()) {
+        b = (*blocks[index])[blockOffset(position)];
+    } else if (index < logicalBlocks) {
+        const Block* block = storedBlock(index);
+        b = block ? (*block)[blockOffset(position)] : 0;
+    }
 }
 
 void QuickArchive::writeBytesStepwise(const uint8_t* data, std::size_t n)
@@ -241,7 +271,8 @@ int QuickArchive::peekByte(uint64_t position, uint8_t& value) const
 {
     const uint64_t index = blockIndex(position);
     if (index >= logicalBlocks) return 0;
-    value = index < blocks.size() ? (*blocks[index])[blockOffset(position)] : 0;
+    const Block* block = storedBlock(index);
+    value = block ? (*block)[blockOffset(position)] : 0;
     return 1;
 }
 
@@ -267,16 +298,17 @@ bool QuickArchive::readFromStream(std::istream& in)
         auto block = newBlock();
         in.read(reinterpret_cast<char*>(block->data()), BlockSize);
         if (in.gcount() == 0) break;
+        receivedBytes += static_cast<uint64_t>(in.gcount());
         blocks.push_back(std::move(block));
     }
     logicalBlocks = count;
+    if (logicalBlocks > blocks.size()) zeroRun = std::make_shared<ZeroBlocks>();  // shared by copies
     return count > 0;
 }
 
 bool QuickArchive::writeToFile(const std::u16string& path) const
 {
-    std::ofstream out(filePath(path), std::ios::binary);
-    return out.is_open() && writeToStream(out);
+    return writeToFile(wideToFileName(path));
 }
 
 bool QuickArchive::writeToFile(const std::string& path) const
@@ -287,14 +319,13 @@ bool QuickArchive::writeToFile(const std::string& path) const
 
 bool QuickArchive::readFromFile(const std::u16string& path)
 {
-    std::ifstream in(filePath(path), std::ios::binary);
-    return in.is_open() && readFromStream(in);
+    return readFromFile(wideToFileName(path));
 }
 
 bool QuickArchive::readFromFile(const std::string& path)
 {
-    std::ifstream in(path, std::ios::binary);
-    return in.is_open() && readFromStream(in);
+    RegularFile file(path);
+    return file.isOpen() && readFromStream(file.stream());
 }
 
 uint64_t QuickArchive::dataLeft() const
@@ -311,6 +342,17 @@ bool QuickArchive::countFits(uint64_t count, uint64_t bytesEach) const
 QuickArchive::NestingGuard::NestingGuard(QuickArchive& a) : archive(a), entered(a.nesting < MaxNesting)
 {
     if (entered) ++archive.nesting;
+    else archive.noteFailure(archive.readCursor, "records nested deeper than " + std::to_string(MaxNesting) + " levels");
+}
+
+void QuickArchive::noteFailure(uint64_t offset, std::string reason)
+{
+    if (!firstFailure) firstFailure = LoadFailure{offset, std::move(reason), {}};
+}
+
+void QuickArchive::noteObject(std::u16string object)
+{
+    if (firstFailure) firstFailure->objects.push_back(std::move(object));
 }
 
 QuickArchive::NestingGuard::~NestingGuard()

@@ -1,20 +1,25 @@
 // QuickArchive: the block store that every record is written to and read from.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <iosfwd>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "archive/load_failure.h"
 #include "archive/value_types.h"
 
 namespace TalvexCore {
 
 // A growable run of 4096-byte blocks with independent read and write cursors. Reading past the
 // end is no error: the cursor moves on and the destination is left as each word's read says.
-// Copies share their blocks. Blocks start zero-filled, so bytes never written read as zero.
+// Copies share their blocks, also the zero blocks of a short stream that are made only when first
+// written. Blocks start zero-filled, so bytes never written read as zero.
 class QuickArchive {
 public:
     static constexpr std::size_t BlockSize = 4096;
@@ -129,8 +134,11 @@ public:
     uint64_t dataLeft() const;
     // Whether `count` elements of at least `bytesEach` bytes can still stand in the data.
     bool countFits(uint64_t count, uint64_t bytesEach) const;
+    // The deepest nesting of child records that is read or written: real files stay below ten
+    // levels, and the bound keeps a hostile file's recursion far from the end of the stack.
     static constexpr int MaxNesting = 100;
-    // Counts the depth of nested child records; false once the depth passes MaxNesting.
+    // Counts the depth of nested child records; false, noting the failure, once the depth passes
+    // MaxNesting. Reading and writing share the bound, so that nothing is saved that cannot load.
     class NestingGuard {
     public:
         explicit NestingGuard(QuickArchive& archive);
@@ -143,8 +151,22 @@ public:
         bool entered;
     };
 
+    // Notes on a load. The first refusal is kept with its offset; the objects it lies in are added
+    // as it travels outwards. Nothing is noted while a load goes well.
+    void noteFailure(uint64_t offset, std::string reason);
+    void noteObject(std::u16string object);
+    const std::optional<LoadFailure>& failure() const { return firstFailure; }
+    // Whether the reads went on past the last byte of data (the tolerant reads of a short file).
+    bool readPastEnd() const { return readCursor > std::max<uint64_t>(writeCursor, receivedBytes); }
+
 private:
+    struct ZeroBlocks {
+        std::map<uint64_t, std::shared_ptr<Block>> made;
+    };
+
     uint8_t* writableBlock(uint64_t index);
+    uint8_t* zeroRunBlock(uint64_t index);
+    const Block* storedBlock(uint64_t index) const;
     void writeByte(uint8_t b);
     void readByte(uint8_t& b);
     // A value inside one block that holds data is copied whole; anything else goes byte by byte.
@@ -200,12 +222,15 @@ private:
     }
 
     // Blocks that hold data; blocks between their count and logicalBlocks hold only zeros and
-    // are made when first written, so a damaged block count costs no memory.
+    // are made when first written, in zeroRun, so a damaged block count costs no memory.
     std::vector<std::shared_ptr<Block>> blocks;
+    std::shared_ptr<ZeroBlocks> zeroRun;
     uint64_t logicalBlocks = 0;
     uint64_t readCursor = 0;
     uint64_t writeCursor = 0;
+    uint64_t receivedBytes = 0;  // from a stream
     int nesting = 0;
+    std::optional<LoadFailure> firstFailure;
 };
 
 }  // namespace TalvexCore

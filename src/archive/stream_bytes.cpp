@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <istream>
 
 namespace TalvexCore {
@@ -27,6 +28,23 @@ std::string readRemainingBytes(std::istream& in)
         if (got <= 0) break;
         data.append(chunk.data(), static_cast<std::size_t>(got));
         left -= got;
+    }
+    return data;
+}
+
+std::string readBytesUpToZero(std::istream& in)
+{
+    constexpr std::size_t chunkSize = 1 << 16;
+    std::array<char, chunkSize> chunk;
+    std::string data;
+    while (in.read(chunk.data(), chunkSize) || in.gcount() > 0) {
+        const std::size_t got = static_cast<std::size_t>(in.gcount());
+        const void* zero = std::memchr(chunk.data(), 0, got);
+        if (zero != nullptr) {
+            data.append(chunk.data(), static_cast<const char*>(zero) - chunk.data());
+            break;
+        }
+        data.append(chunk.data(), got);
     }
     return data;
 }

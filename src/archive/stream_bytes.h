@@ -11,4 +11,8 @@ namespace TalvexCore {
 // size it does not hold costs nothing.
 std::string readRemainingBytes(std::istream& in);
 
+// The bytes from the stream's position up to its first zero byte, which is not taken. Reading
+// stops there: a huge file of zeros costs one small piece of memory.
+std::string readBytesUpToZero(std::istream& in);
+
 }  // namespace TalvexCore

@@ -42,36 +42,44 @@ void appendCodePoint(std::u16string& out, char32_t cp)
     }
 }
 
-// Strict UTF-8: no overlong forms, no surrogates, nothing above U+10FFFF, no cut sequence.
+// Length of the strict UTF-8 sequence at `i` and its code point, or 0 where none starts: no
+// overlong forms, no surrogates, nothing above U+10FFFF, no cut sequence.
+std::size_t utf8Sequence(std::string_view s, std::size_t i, char32_t& cp)
+{
+    const unsigned char lead = static_cast<unsigned char>(s[i]);
+    if (lead < 0x80) {
+        cp = lead;
+        return 1;
+    }
+    std::size_t extra;
+    char32_t minimum;
+    if (lead >= 0xC2 && lead <= 0xDF) extra = 1, cp = lead & 0x1F, minimum = 0x80;
+    else if (lead >= 0xE0 && lead <= 0xEF) extra = 2, cp = lead & 0x0F, minimum = 0x800;
+    else if (lead >= 0xF0 && lead <= 0xF4) extra = 3, cp = lead & 0x07, minimum = 0x10000;
+    else return 0;
+    if (i + extra >= s.size()) return 0;
+    for (std::size_t k = 1; k <= extra; ++k) {
+        const unsigned char c = static_cast<unsigned char>(s[i + k]);
+        if ((c & 0xC0) != 0x80) return 0;
+        cp = (cp << 6) | (c & 0x3F);
+    }
+    if (cp < minimum || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return 0;
+    return extra + 1;
+}
+
 bool decodeUtf8(std::string_view s, std::u16string& out)
 {
-    std::size_t i = 0;
-    while (i < s.size()) {
-        const unsigned char lead = static_cast<unsigned char>(s[i]);
-        if (lead < 0x80) {
-            out.push_back(lead);
-            ++i;
-            continue;
-        }
-        int extra;
-        char32_t cp;
-        char32_t minimum;
-        if (lead >= 0xC2 && lead <= 0xDF) extra = 1, cp = lead & 0x1F, minimum = 0x80;
-        else if (lead >= 0xE0 && lead <= 0xEF) extra = 2, cp = lead & 0x0F, minimum = 0x800;
-        else if (lead >= 0xF0 && lead <= 0xF4) extra = 3, cp = lead & 0x07, minimum = 0x10000;
-        else return false;
-        if (i + extra >= s.size()) return false;
-        for (int k = 1; k <= extra; ++k) {
-            const unsigned char c = static_cast<unsigned char>(s[i + k]);
-            if ((c & 0xC0) != 0x80) return false;
-            cp = (cp << 6) | (c & 0x3F);
-        }
-        if (cp < minimum || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return false;
+    for (std::size_t i = 0; i < s.size();) {
+        char32_t cp = 0;
+        const std::size_t length = utf8Sequence(s, i, cp);
+        if (length == 0) return false;
         appendCodePoint(out, cp);
-        i += extra + 1;
+        i += length;
     }
     return true;
 }
+
+constexpr char16_t escapedByteBase = 0xDC00;
 
 void decodeCp1252(std::string_view s, std::u16string& out)
 {
@@ -143,6 +151,45 @@ std::string wideToNarrow(std::u16string_view wide)
 {
     std::string out;
     appendWideAsNarrow(out, upToZero(wide));
+    return out;
+}
+
+
+std::u16string fileNameToWide(std::string_view bytes)
+{
+    bytes = upToZero(bytes);
+    std::u16string out;
+    out.reserve(bytes.size());
+    for (std::size_t i = 0; i < bytes.size();) {
+        char32_t cp = 0;
+        const std::size_t length = utf8Sequence(bytes, i, cp);
+        if (length == 0) {
+            out.push_back(static_cast<char16_t>(escapedByteBase + static_cast<unsigned char>(bytes[i])));
+            ++i;
+            continue;
+        }
+        appendCodePoint(out, cp);
+        i += length;
+    }
+    return out;
+}
+
+std::string wideToFileName(std::u16string_view wide)
+{
+    wide = upToZero(wide);
+    std::string out;
+    out.reserve(wide.size());
+    std::size_t done = 0;
+    for (std::size_t i = 0; i < wide.size(); ++i) {
+        const char16_t c = wide[i];
+        const bool escapedByte = c >= escapedByteBase + 0x80 && c <= escapedByteBase + 0xFF &&
+                                 (i == 0 || wide[i - 1] < 0xD800 || wide[i - 1] > 0xDBFF);
+        if (!escapedByte) continue;
+        appendWideAsNarrow(out, wide.substr(done, i - done));
+        out.push_back(static_cast<char>(c - escapedByteBase));
+        done = i + 1;
+    }
+    appendWideAsNarrow(out, wide.substr(done));
     return out;
 }
 

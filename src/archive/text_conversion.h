@@ -20,4 +20,10 @@ void appendNarrowAsWide(std::u16string& out, std::string_view narrow);
 // Appends the UTF-8 form of the wide text to `out`, all of it, zero characters included.
 void appendWideAsNarrow(std::string& out, std::u16string_view wide);
 
+// File names are bytes. In their wide form each byte that is not part of valid UTF-8 stands as the
+// lone surrogate U+DC80 to U+DCFF, as the interpreter gives such names, so that every name opens
+// as the bytes it is. Both stop at the first zero.
+std::u16string fileNameToWide(std::string_view bytes);
+std::string wideToFileName(std::u16string_view wide);
+
 }  // namespace TalvexCore

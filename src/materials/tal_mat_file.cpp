@@ -1,14 +1,14 @@
 #include "materials/tal_mat_file.h"
 
-#include <fstream>
 #include <istream>
 #include <ostream>
 
-#include "archive/file_path.h"
 #include "archive/name_compare.h"
 #include "archive/quick_archive.h"
+#include "archive/regular_file.h"
 #include "archive/stream_bytes.h"
 #include "archive/text_conversion.h"
+#include "records/record_io.h"
 #include "records/serializable.h"
 
 namespace TalvexCore {
@@ -45,33 +45,59 @@ void repairLineEnds(std::string& data)
 
 bool TalMatFile::load(const std::u16string& path)
 {
-    std::ifstream in(filePath(path), std::ios::binary);
-    if (!in.is_open()) return false;
-    return load(in);
+    RegularFile file(path);
+    return file.isOpen() && load(file.stream());
 }
 
 bool TalMatFile::load(std::istream& in)
 {
+    loadReport = {};
     const Header header = readHeader(in);
-    if (header.count == 0) return false;
     const uint32_t version = versionOf(header.tag);
     if ((header.tag & 0xFFFF) != 0 || version < 1 || version > 3) return false;
+    loadReport.binaryHeader = in.gcount() == 4;
+    if (header.count == 0) {
+        loadReport.failure = LoadFailure{4, "the header counts no materials", {}};
+        return false;
+    }
 
     QuickArchive archive(1);
+    uint64_t dataStart = 8;
     if (version == 3) {
-        if (!archive.readFromStream(in)) return false;
+        dataStart += 4;  // the block count
+        if (!archive.readFromStream(in)) {
+            loadReport.failure = LoadFailure{8, "the file holds no blocks", {}};
+            return false;
+        }
     } else {
         std::string data = readRemainingBytes(in);
         if (version == 1) repairLineEnds(data);
         archive = QuickArchive(data.data(), data.size());
     }
 
+    const bool loaded = loadMaterials(archive, header.count);
+    loadReport.readPastEnd = archive.readPastEnd();
+    if (!loaded && archive.failure()) {
+        loadReport.failure = archive.failure();
+        loadReport.failure->offset += dataStart;
+    }
+    return loaded;
+}
+
+bool TalMatFile::loadMaterials(QuickArchive& archive, uint32_t count)
+{
     std::vector<MaterialPtr> loaded;
     uint32_t typeId = 0;  // a read past the end keeps the id of the material before
-    for (uint32_t i = 0; i < header.count; ++i) {
+    for (uint32_t i = 0; i < count; ++i) {
+        const uint64_t at = archive.readPosition();
         archive.readU32(typeId);
-        MaterialPtr material = createMaterial(typeId);
-        if (!material || !material->readBinary(archive)) return false;
+        MaterialPtr material;
+        const bool read = makeChild(archive, material, typeId, at) && material->readBinary(archive);
+        if (!read) {
+            archive.noteObject(u"material " + narrowToWide(std::to_string(i + 1)) +
+                               (material ? u" (" + material->pluginType() + u")" : u""));
+            return false;
+        }
         loaded.push_back(std::move(material));
     }
     materials = std::move(loaded);
@@ -113,9 +139,9 @@ std::size_t TalMatFile::findMaterialByName(const std::u16string& name) const
 
 int TalMatFile::chooseOpenMode(const std::u16string& path)
 {
-    std::ifstream in(filePath(path), std::ios::binary);
-    if (!in.is_open()) return textInputMode;
-    const Header header = readHeader(in);
+    RegularFile file(path);
+    if (!file.isOpen()) return textInputMode;
+    const Header header = readHeader(file.stream());
     return ((header.tag & 0xFFFF) == 0 && versionOf(header.tag) == 1) ? textInputMode : binaryInputMode;
 }
 

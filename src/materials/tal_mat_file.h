@@ -4,12 +4,24 @@
 #include <cstddef>
 #include <cstdint>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "archive/load_failure.h"
+#include "archive/quick_archive.h"
 #include "materials/base_material.h"
 
 namespace TalvexCore {
+
+// What the last load made of its file, for a caller that reports damage; the load still answers
+// with its one boolean. Offsets count from the start of the file (for version 1 files, after the
+// repair of their line ends).
+struct MaterialFileLoad {
+    bool binaryHeader = false;           // the header names a material file of a known version
+    std::optional<LoadFailure> failure;  // where a load with such a header stopped, and why
+    bool readPastEnd = false;            // the reads went on past the end of the data
+};
 
 class TalMatFile {
 public:
@@ -32,6 +44,8 @@ public:
     // Index of the first material of that name, compared without regard to case; -1 if none.
     std::size_t findMaterialByName(const std::u16string& name) const;
 
+    const MaterialFileLoad& lastLoad() const { return loadReport; }
+
     // What the last failed save would have said.
     const std::u16string& saveMessage() const { return lastSaveMessage; }
 
@@ -41,7 +55,10 @@ public:
     static int chooseOpenMode(const std::u16string& path);
 
 private:
+    bool loadMaterials(QuickArchive& archive, uint32_t count);
+
     std::u16string lastSaveMessage;
+    MaterialFileLoad loadReport;
 };
 
 }  // namespace TalvexCore

@@ -1,11 +1,8 @@
 #include "module/file_routing.h"
 
-#include <cstring>
-#include <fstream>
-
 #include "archive/name_compare.h"
+#include "archive/regular_file.h"
 #include "archive/stream_bytes.h"
-#include "archive/file_path.h"
 #include "archive/text_conversion.h"
 
 namespace TalvexCore {
@@ -33,13 +30,15 @@ bool isOptionsFilePath(const std::u16string& path)
 }
 
 ConversionOutcome appendPlainText(const std::u16string& path, std::u16string& text,
-                                  const AssetXmlWriter::FlushSink& sink)
+                                  const AssetXmlWriter::FlushSink& sink, ConversionNotes* notes)
 {
-    std::ifstream in(filePath(path), std::ios::binary);
-    if (!in.is_open()) return ConversionOutcome::Unreadable;
-    std::string bytes = readRemainingBytes(in);
-    bytes.resize(std::strlen(bytes.c_str()));  // everything behind the first zero byte is lost
-    appendNarrowAsWide(text, bytes);
+    RegularFile file(path);
+    if (!file.isOpen()) {
+        if (notes) notes->unreadableReason = file.failureReason();
+        return ConversionOutcome::Unreadable;
+    }
+    // Everything behind the first zero byte is lost, and so it is never read.
+    appendNarrowAsWide(text, readBytesUpToZero(file.stream()));
     if (sink) sink(text);
     return ConversionOutcome::PlainText;
 }

@@ -1,8 +1,10 @@
 // Routing of a path by its extension, and the plain-text path that every conversion falls back on.
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "archive/load_failure.h"
 #include "xml/asset_xml_writer.h"
 
 namespace TalvexCore {
@@ -18,9 +20,18 @@ bool isOptionsFilePath(const std::u16string& path);   // "talopt" or "nuopt"
 // How a conversion went: the file loaded as binary, or passed through as text, or did not open.
 enum class ConversionOutcome { Binary, PlainText, Unreadable };
 
+// What a conversion learnt about a damaged file from the reads that loaded it, for a caller that
+// reports damage. The text and the outcome do not depend on it.
+struct ConversionNotes {
+    bool binaryHeader = false;           // the header named a binary file of its kind
+    std::optional<LoadFailure> failure;  // why such a file did not load
+    bool readPastEnd = false;            // the reads went on past the end of the file's data
+    std::string unreadableReason;        // why the file did not open
+};
+
 // A file that does not load is taken to be XML already: its bytes up to the first zero byte,
 // decoded as narrow text, are appended to `text`. Unreadable when the file does not open.
 ConversionOutcome appendPlainText(const std::u16string& path, std::u16string& text,
-                                  const AssetXmlWriter::FlushSink& sink);
+                                  const AssetXmlWriter::FlushSink& sink, ConversionNotes* notes = nullptr);
 
 }  // namespace TalvexCore

@@ -6,10 +6,15 @@
 namespace TalvexCore {
 
 ConversionOutcome writeMaterialFileXml(const std::u16string& path, std::u16string& text,
-                                       const AssetXmlWriter::FlushSink& sink)
+                                       const AssetXmlWriter::FlushSink& sink, ConversionNotes* notes)
 {
     TalMatFile file;
-    if (!file.load(path)) return appendPlainText(path, text, sink);
+    const bool loaded = file.load(path);
+    if (notes) {
+        const MaterialFileLoad& load = file.lastLoad();
+        *notes = {load.binaryHeader, load.failure, load.readPastEnd, {}};
+    }
+    if (!loaded) return appendPlainText(path, text, sink, notes);
 
     AssetXmlWriter writer(text);
     writer.setFlushSink(sink);

@@ -11,7 +11,8 @@ namespace TalvexCore {
 std::u16string materialFileToXml(const std::u16string& path);
 
 // The same text, appended to `text`; `sink`, when set, takes the text in pieces as it grows.
+// `notes`, when given, takes what the load found wrong with the file.
 ConversionOutcome writeMaterialFileXml(const std::u16string& path, std::u16string& text,
-                                       const AssetXmlWriter::FlushSink& sink);
+                                       const AssetXmlWriter::FlushSink& sink, ConversionNotes* notes = nullptr);
 
 }  // namespace TalvexCore

@@ -1,7 +1,9 @@
 // The module under Python 3, within the stable ABI, so that one built file imports in every Python 3:
 // the entry PyInit_Cindrel, and the path and the result as a str, through its UTF-16 form.
 #include <string>
+#include <string_view>
 
+#include "archive/text_conversion.h"
 #include "module/python_module.h"
 
 namespace TalvexCore {
@@ -22,13 +24,26 @@ bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, 
                      command);
         return false;
     }
-    PyObject* bytes = PyUnicode_AsEncodedString(text, "utf-16-le", "surrogatepass");
-    Py_DECREF(text);
-    if (bytes == nullptr) return false;
-    const char* data = PyBytes_AsString(bytes);
-    const Py_ssize_t size = PyBytes_Size(bytes);
-    if (data != nullptr && size > 0) path.assign(reinterpret_cast<const char16_t*>(data), static_cast<std::size_t>(size) / 2);
-    Py_DECREF(bytes);
+    // The interpreter gives a name that is not valid in the file system's encoding with its stray bytes
+    // escaped as lone surrogates; encoding it back with that escape gives the bytes again, and the
+    // path names the file by those bytes (see fileNameToWide).
+    if (PyObject* name = PyUnicode_EncodeFSDefault(text)) {
+        Py_DECREF(text);
+        const char* data = PyBytes_AsString(name);
+        const Py_ssize_t size = PyBytes_Size(name);
+        if (data != nullptr && size > 0) path = fileNameToWide(std::string_view(data, static_cast<std::size_t>(size)));
+        Py_DECREF(name);
+    } else {
+        PyErr_Clear();
+        PyObject* bytes = PyUnicode_AsEncodedString(text, "utf-16-le", "surrogatepass");
+        Py_DECREF(text);
+        if (bytes == nullptr) return false;
+        const char* data = PyBytes_AsString(bytes);
+        const Py_ssize_t size = PyBytes_Size(bytes);
+        if (data != nullptr && size > 0)
+            path.assign(reinterpret_cast<const char16_t*>(data), static_cast<std::size_t>(size) / 2);
+        Py_DECREF(bytes);
+    }
     // The path ends at its first zero character, for the extension test as for the file.
     if (const auto zero = path.find(u'\0'); zero != std::u16string::npos) path.resize(zero);
     return true;

@@ -6,6 +6,7 @@
 #include <new>
 #include <string>
 
+#include "archive/text_conversion.h"
 #include "module/file_routing.h"
 #include "module/material_conversion.h"
 #include "module/options_conversion.h"

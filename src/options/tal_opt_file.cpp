@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "archive/quick_archive.h"
+#include "archive/regular_file.h"
 #include "archive/stream_bytes.h"
 #include "archive/text_conversion.h"
 #include "options/all_options.h"
@@ -15,7 +16,7 @@ bool TalOptFile::save(const AllOptions& options, const std::u16string& path)
 {
     QuickArchive archive(1);
     if (!options.writeBinary(archive)) return false;
-    std::ofstream out(wideToNarrow(path), std::ios::binary);
+    std::ofstream out(wideToFileName(path), std::ios::binary);
     if (!out.is_open()) return false;
     const QuickArchive::Block zeros{};
     for (uint64_t i = 0; i < archive.blockCount(); ++i) {
@@ -29,15 +30,20 @@ bool TalOptFile::save(const AllOptions& options, const std::u16string& path)
 
 bool TalOptFile::load(AllOptions& options, const std::u16string& path)
 {
-    std::ifstream in(wideToNarrow(path), std::ios::binary);
-    if (!in.is_open()) return false;
-    return load(options, in);
+    RegularFile file(path);
+    return file.isOpen() && load(options, file.stream());
 }
 
 bool TalOptFile::load(AllOptions& options, std::istream& in)
 {
+    // The size the file reports, against the bytes that arrive: fewer is a short read.
+    const std::streamoff start = in.tellg();
+    in.seekg(0, std::ios::end);
+    const std::streamoff end = in.tellg();
+    in.seekg(start);
     const std::string bytes = readRemainingBytes(in);
-    if (bytes.empty()) return false;
+    if (bytes.empty() || (start >= 0 && end > start && bytes.size() < static_cast<std::size_t>(end - start)))
+        return false;
     QuickArchive archive(bytes.data(), bytes.size());
     return options.readBinary(archive);
 }

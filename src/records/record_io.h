@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "archive/quick_archive.h"
 #include "records/serializable.h"
@@ -12,9 +13,42 @@
 namespace TalvexCore {
 
 // Reads a tag; gives its version when the low half is zero and the version is one of `known`.
+// A refused tag is noted on the archive.
 std::optional<uint32_t> readVersion(QuickArchive& in, std::initializer_list<uint32_t> known);
 // The same for a record that has known every version from 1 to `newest`.
 std::optional<uint32_t> readVersionUpTo(QuickArchive& in, uint32_t newest);
+
+// Reads a list's count; false, noted, when that many elements of at least `bytesEach` bytes cannot
+// stand in the data that is left.
+bool readListCount(QuickArchive& in, uint64_t& count, uint64_t bytesEach);
+
+// Makes the object of a type id read at `at`; false, noted, when its family has no such class.
+template <class T>
+bool makeChild(QuickArchive& in, std::shared_ptr<T>& child, uint32_t id, uint64_t at)
+{
+    makeFromTypeId(child, id);
+    if (!child) in.noteFailure(at, "unknown type id " + std::to_string(id));
+    return child != nullptr;
+}
+
+// A child's record, one level deeper; a refusal inside names the child on its way out.
+template <class T>
+bool readChildRecord(QuickArchive& in, const std::shared_ptr<T>& child)
+{
+    const QuickArchive::NestingGuard guard(in);
+    if (guard && child->readBinary(in)) return true;
+    in.noteObject(child->pluginType());
+    return false;
+}
+
+// A child's record written one level deeper: what is nested too deep to read is not written.
+template <class T>
+bool writeChildRecord(QuickArchive& out, const std::shared_ptr<T>& child)
+{
+    const QuickArchive::NestingGuard guard(out);
+    return guard && child->writeBinary(out);
+}
+
 // Writes the tag of a version.
 inline void writeVersion(QuickArchive& out, uint32_t version) { out.writeU32(tagOf(version)); }
 
@@ -24,11 +58,9 @@ template <class T>
 bool readRequiredChild(QuickArchive& in, std::shared_ptr<T>& child)
 {
     uint32_t id = 0;
+    const uint64_t at = in.readPosition();
     in.readU32(id);
-    makeFromTypeId(child, id);
-    if (!child) return false;
-    const QuickArchive::NestingGuard guard(in);
-    return guard && child->readBinary(in);
+    return makeChild(in, child, id, at) && readChildRecord(in, child);
 }
 
 // An optional child: a presence byte, then when present the required form. When absent the slot
@@ -46,10 +78,8 @@ template <class T>
 bool writeRequiredChild(QuickArchive& out, const std::shared_ptr<T>& child)
 {
     if (!child) return false;
-    const QuickArchive::NestingGuard guard(out);
-    if (!guard) return false;
     out.writeU32(child->typeId());
-    return child->writeBinary(out);
+    return writeChildRecord(out, child);
 }
 
 template <class T>
@@ -66,8 +96,7 @@ template <class ReadElement>
 bool readCountedList(QuickArchive& in, uint64_t minimumBytes, ReadElement&& readElement)
 {
     uint64_t count = 0;
-    in.readCount(count);
-    if (!in.countFits(count, minimumBytes)) return false;
+    if (!readListCount(in, count, minimumBytes)) return false;
     for (uint64_t i = 0; i < count; ++i)
         if (!readElement()) return false;
     return true;

@@ -19,7 +19,7 @@ bool BitmapTexture::writeBinary(QuickArchive& out) const
     writeVersion(out, 1);
     out.writeI32(static_cast<int32_t>(uvwgen->typeId()));
     out.writeI32(static_cast<int32_t>(bitmap->typeId()));
-    if (!uvwgen->writeBinary(out) || !bitmap->writeBinary(out)) return false;
+    if (!writeChildRecord(out, uvwgen) || !writeChildRecord(out, bitmap)) return false;
     out.writeBool(tile);
     return true;
 }
@@ -30,13 +30,11 @@ bool BitmapTexture::readBinary(QuickArchive& in)
     resetDefaults();
     if (!version) return false;
     uint32_t uvwId = 0, bitmapId = 0;
+    const uint64_t at = in.readPosition();
     in.readU32(uvwId);
     in.readU32(bitmapId);
-    makeFromTypeId(uvwgen, uvwId);
-    makeFromTypeId(bitmap, bitmapId);
-    if (!uvwgen || !bitmap) return false;
-    const QuickArchive::NestingGuard guard(in);
-    if (!guard || !uvwgen->readBinary(in) || !bitmap->readBinary(in)) return false;
+    if (!makeChild(in, uvwgen, uvwId, at) || !makeChild(in, bitmap, bitmapId, at + 4)) return false;
+    if (!readChildRecord(in, uvwgen) || !readChildRecord(in, bitmap)) return false;
     in.readBool(tile);
     return true;
 }

@@ -158,6 +158,30 @@ TEST(QuickArchive, CopiesShareBlocksAndRandomAccess)
     EXPECT_EQ(byte, 0x99);
 }
 
+// The zero blocks that a short stream never stored are made on first write, where every copy sees
+// them, also when one copy then grows past them.
+TEST(QuickArchive, CopiesShareTheZeroBlocksOfAShortStream)
+{
+    const auto count = ByteBuilder().u32(3).bytes;
+    std::istringstream stream(std::string(count.begin(), count.end()) + std::string(4096, 0x11));
+    QuickArchive a(1);
+    ASSERT_TRUE(a.readFromStream(stream));
+    QuickArchive b(a);
+    uint8_t byte = 0x42;
+    ASSERT_EQ(b.peekByte(8192, byte), 1);
+    EXPECT_EQ(byte, 0);
+    a.pokeByte(8192, 7);
+    EXPECT_EQ((b.peekByte(8192, byte), byte), 7);
+    a.pokeByte(5 * 4096, 1);  // past the end: a's own block, after the shared ones
+    b.pokeByte(4096, 9);
+    EXPECT_EQ((a.peekByte(4096, byte), byte), 9);
+    a.pokeByte(8192, 8);
+    EXPECT_EQ((b.peekByte(8192, byte), byte), 8);
+    EXPECT_EQ(b.peekByte(5 * 4096, byte), 0) << "a block added to one copy is its own";
+    EXPECT_EQ(a.blockCount(), 6u);
+    EXPECT_EQ(b.blockCount(), 3u);
+}
+
 TEST(QuickArchive, ReadBufferWithAndWithoutRewind)
 {
     const uint8_t twelve[12] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};

@@ -59,6 +59,24 @@ TEST(TextConversion, OneWayCases)
     EXPECT_EQ(out, u"kept \u00e9");
 }
 
+TEST(TextConversion, FileNamesKeepTheirBytes)
+{
+    // Stray bytes stand as lone surrogates U+DC80..U+DCFF; valid UTF-8 around them decodes.
+    const Texts cases[] = {{"wood.talmat", u"wood.talmat"},
+                           {"caf\xE9.talmat", u"caf\xDCE9.talmat"},
+                           {"\xC3\xA9\xFF\xC3", u"\u00e9\xDCFF\xDCC3"},
+                           {"\xED\xB3\xBF", u"\xDCED\xDCB3\xDCBF"},  // an encoded surrogate is no UTF-8
+                           {"a\xF0\x9F\x98\x80", u"a\U0001F600"}};
+    for (const Texts& c : cases) {
+        EXPECT_EQ(fileNameToWide(c.narrow), c.wide) << c.narrow;
+        EXPECT_EQ(wideToFileName(c.wide), c.narrow) << c.narrow;
+    }
+    // A low surrogate that completes a pair is no escaped byte; both stop at the first zero.
+    EXPECT_EQ(wideToFileName(u"\xD83D\xDE00"), "\xF0\x9F\x98\x80");
+    EXPECT_EQ(fileNameToWide(std::string("a\0b", 3)), u"a");
+    EXPECT_EQ(wideToFileName(std::u16string(u"a\0b", 3)), "a");
+}
+
 TEST(WideText, NamesCompareWithoutRegardToCase)
 {
     EXPECT_TRUE(equalsNoCase(u"TalMat", u"tALmAT"));

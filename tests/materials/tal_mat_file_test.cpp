@@ -5,7 +5,10 @@
 #include <fstream>
 #include <sstream>
 
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include "archive/text_conversion.h"
 
 #include "materials/base_brdf.h"
 #include "materials/material_single_brdf.h"
@@ -175,5 +178,12 @@ TEST(TalMatFile, OpenModeAndPaths)
     EXPECT_FALSE(file.load((dir / "missing.talmat").u16string()));
     EXPECT_FALSE(file.load(dir.u16string()));
     EXPECT_TRUE(file.load(write("\u00e9 wood.talmat", header(0x20000, 1) + logicalStream(sampleMaterial()))));
+    // A name that is not UTF-8 opens as its bytes; a FIFO is refused at once instead of waiting.
+    const std::string oddName = (dir / "caf\xE9.talmat").native();
+    std::ofstream(oddName, std::ios::binary) << header(0x20000, 1) + logicalStream(sampleMaterial());
+    EXPECT_TRUE(file.load(fileNameToWide(oddName)));
+    ASSERT_EQ(::mkfifo((dir / "pipe.talmat").c_str(), 0600), 0);
+    EXPECT_FALSE(file.load((dir / "pipe.talmat").u16string()));
+    EXPECT_EQ(TalMatFile::chooseOpenMode((dir / "pipe.talmat").u16string()), 1);
     std::filesystem::remove_all(dir);
 }

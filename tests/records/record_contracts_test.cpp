@@ -23,6 +23,7 @@ public:
     bool failWrite = false;
 
     uint32_t typeId() const { return 7; }
+    std::u16string pluginType() const { return u"Probe"; }
     bool writeBinary(QuickArchive& out) const override
     {
         if (failWrite) return false;
@@ -84,6 +85,24 @@ TEST(RecordChildren, OptionalAndRequiredForms)
     EXPECT_FALSE(writeRequiredChild(out, std::shared_ptr<Probe>()));
     parent->child->failWrite = true;
     EXPECT_FALSE(parent->writeBinary(out));
+
+    // Each refusal is noted where it happened, with the objects it lies in, innermost first.
+    ASSERT_TRUE(unknownId.failure());
+    EXPECT_EQ(unknownId.failure()->offset, 9u);
+    EXPECT_EQ(unknownId.failure()->reason, "unknown type id 8");
+    ASSERT_TRUE(badTag.failure());
+    EXPECT_EQ(describe(*badTag.failure()),
+              "in Probe at offset 13: version tag 0x00020000 is not one of this record's (0x00010000)");
+    QuickArchive nested = ByteBuilder().u32(7).tag(1).u32(0).u8(1).u32(7).tag(1).u32(0).u8(1).u32(9).archive();
+    EXPECT_FALSE(readRequiredChild(nested, back));
+    EXPECT_EQ(describe(*nested.failure()), "in Probe > Probe at offset 26: unknown type id 9");
+    QuickArchive longList = ByteBuilder().u32(1000).u32(0).archive();  // the rest of its block counts too
+    uint64_t count = 0;
+    EXPECT_FALSE(readListCount(longList, count, 8));
+    EXPECT_EQ(describe(*longList.failure()), "at offset 0: a count of 1000 that the 4092 bytes left cannot hold");
+    QuickArchive fine = ByteBuilder().u32(7).tag(1).u32(1).u8(0).archive();
+    EXPECT_TRUE(readRequiredChild(fine, back));
+    EXPECT_FALSE(fine.failure()) << "nothing is noted while a load goes well";
 }
 
 // A chain of children nested deeper than any real file is refused instead of exhausting the stack.
@@ -101,6 +120,18 @@ TEST(RecordChildren, NestingDepthIsBounded)
         std::shared_ptr<Probe> root;
         QuickArchive in = chain(depth);
         EXPECT_EQ(readRequiredChild(in, root), readable) << depth;
+        if (!readable) {
+            EXPECT_NE(in.failure()->reason.find("nested deeper than 100 levels"), std::string::npos);
+        }
+    }
+    // Whatever depth is refused on reading is refused on writing, so that no saved file fails to load.
+    for (const auto& [depth, writable] : {std::pair{QuickArchive::MaxNesting, true},
+                                          std::pair{QuickArchive::MaxNesting + 1, false}}) {
+        auto root = std::make_shared<Probe>();
+        auto node = root;
+        for (int i = 1; i < depth; ++i) node = node->child = std::make_shared<Probe>();
+        QuickArchive out(1);
+        EXPECT_EQ(writeRequiredChild(out, root), writable) << depth;
     }
 }
 

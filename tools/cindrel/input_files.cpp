@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 FileKind kindOf(const fs::path& path)
 {
-    const std::u16string wide = TalvexCore::narrowToWide(path.string());
+    const std::u16string wide = TalvexCore::fileNameToWide(path.native());
     if (TalvexCore::isMaterialFilePath(wide)) return FileKind::Material;
     if (TalvexCore::isOptionsFilePath(wide)) return FileKind::Options;
     return FileKind::Unknown;

@@ -1,23 +1,26 @@
 // cindrel: converts material and render-options files to their XML asset text, one file or thousands.
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <filesystem>
-#include <set>
+#include <map>
+#include <new>
 #include <string>
 #include <vector>
 
+#include "archive/regular_file.h"
 #include "archive/text_conversion.h"
 #include "input_files.h"
 #include "module/material_conversion.h"
 #include "module/options_conversion.h"
+#include "output_file.h"
 #include "utf8_output.h"
 
 namespace fs = std::filesystem;
 using namespace CindrelTool;
+using TalvexCore::ConversionNotes;
 using TalvexCore::ConversionOutcome;
 
 namespace {
@@ -25,7 +28,7 @@ namespace {
 constexpr const char* versionText = "cindrel 0.1.0";
 
 const char* usageText =
-    "Usage: cindrel [-o DIR] [-q] FILE|FOLDER...\n"
+    "Usage: cindrel [-o DIR] [-q] [--pass-damaged] FILE|FOLDER...\n"
     "\n"
     "Converts material files (.talmat, .numat) and render-options files (.talopt, .nuopt) to\n"
     "their XML asset text, the same text the Python commands getTalmatXml and getTaloptXml give.\n"
@@ -35,18 +38,30 @@ const char* usageText =
     "  -o DIR      write DIR/NAME.xml for each file instead (folders keep their sub-folders),\n"
     "              and print one line per file\n"
     "  -q          no progress and no notes on standard error, only errors\n"
+    "  --pass-damaged\n"
+    "              pass a damaged binary file through as text, as the Python commands do,\n"
+    "              with a warning, instead of failing on it\n"
     "  -h, --help  show this text\n"
     "  --version   show the version\n"
     "\n"
     "A file that is not a binary file of its kind is taken to be XML already: its text passes\n"
-    "through unchanged, and standard error says so. The exit status is 0 when every file was\n"
-    "converted or passed through, 1 when any file could not be read, and 2 for a usage error.\n";
+    "through unchanged, and standard error says so. A file whose header says it is binary but\n"
+    "which does not load is damaged: the error names what failed, where and why, and no XML is\n"
+    "written for it. Warnings tell of files that loaded although cut short, and of documents with\n"
+    "characters that XML 1.0 does not allow. With -o, each document is written whole under a\n"
+    "temporary name and then renamed, so a failed write leaves no file; two inputs that would\n"
+    "have one output name are refused, not overwritten. Every failure is reported against its\n"
+    "file and the batch goes on.\n"
+    "\n"
+    "The exit status is 0 when every file was converted or passed through, 1 when any file\n"
+    "failed, and 2 for a usage error.\n";
 
 struct Settings {
     std::vector<std::string> inputs;
     fs::path outputDir;
     bool toDirectory = false;
     bool quiet = false;
+    bool passDamaged = false;
 };
 
 int usageError(const std::string& message)
@@ -55,28 +70,27 @@ int usageError(const std::string& message)
     return 2;
 }
 
-// Writes the XML of one file through `output`; what the conversion made of it.
-ConversionOutcome convertFile(const InputFile& input, Utf8Output& output)
+// Writes the XML of one file through `output`; what the conversion made of it and found wrong.
+ConversionOutcome convertFile(const InputFile& input, Utf8Output& output, ConversionNotes& notes)
 {
-    const std::u16string path = TalvexCore::narrowToWide(input.path.string());
+    const std::u16string path = TalvexCore::fileNameToWide(input.path.native());
     std::u16string text;
     const auto sink = [&output](std::u16string& t) { output.take(t); };
-    const ConversionOutcome outcome = input.kind == FileKind::Material
-                                          ? TalvexCore::writeMaterialFileXml(path, text, sink)
-                                          : TalvexCore::writeOptionsFileXml(path, text, sink);
+    ConversionOutcome outcome;
+    if (input.kind == FileKind::Material) {
+        outcome = TalvexCore::writeMaterialFileXml(path, text, sink, &notes);
+    } else {
+        outcome = TalvexCore::writeOptionsFileXml(path, text, sink);
+        if (outcome == ConversionOutcome::Unreadable)
+            notes.unreadableReason = TalvexCore::RegularFile(input.path.native()).failureReason();
+    }
     output.take(text, true);
     return outcome;
 }
 
-// Why a path cannot be read, in the system's words.
-std::string unreadableReason(const fs::path& path)
+const char* kindName(FileKind kind)
 {
-    std::FILE* file = std::fopen(path.string().c_str(), "rb");
-    if (file == nullptr) return std::strerror(errno);
-    std::fclose(file);
-    std::error_code ec;
-    if (fs::is_directory(path, ec)) return "is a folder";
-    return "cannot be read";
+    return kind == FileKind::Material ? "material" : "options";
 }
 
 class Progress {
@@ -85,7 +99,7 @@ public:
     void show(std::size_t index, const fs::path& path)
     {
         if (!enabled) return;
-        std::fprintf(stderr, "\r\033[K[%zu/%zu] %s", index + 1, total, path.filename().string().c_str());
+        std::fprintf(stderr, "\r\033[K[%zu/%zu] %s", index + 1, total, path.filename().c_str());
         std::fflush(stderr);
     }
     void clear()
@@ -98,96 +112,179 @@ private:
     bool enabled;
 };
 
-fs::path outputPathFor(const Settings& settings, const InputFile& input, std::set<fs::path>& used)
+// The output file of each input, in the output folder's tree. wood.talmat and wood.talopt side by
+// side become wood.xml and wood.talopt.xml; two inputs of the same name that would land on one
+// output (a/x.talmat and b/x.talmat given as files) are refused: the later one gets an empty path
+// and a message, and nothing is overwritten.
+std::vector<fs::path> planOutputs(const Settings& settings, const std::vector<InputFile>& inputs,
+                                  std::vector<std::string>& errors)
 {
-    const fs::path dir = settings.outputDir / input.relativeDir;
-    fs::path candidate = dir / (input.path.stem().string() + ".xml");
-    // wood.talmat and wood.talopt side by side must not overwrite each other.
-    if (!used.insert(candidate).second) {
-        candidate = dir / (input.path.filename().string() + ".xml");
-        used.insert(candidate);
+    std::vector<fs::path> targets(inputs.size());
+    std::map<fs::path, std::size_t> taken;
+    for (std::size_t i = 0; i < inputs.size(); ++i) {
+        const InputFile& input = inputs[i];
+        if (input.kind == FileKind::Unknown) continue;
+        const fs::path dir = settings.outputDir / input.relativeDir;
+        fs::path candidate = dir / (input.path.stem().string() + ".xml");
+        auto owner = taken.find(candidate);
+        if (owner != taken.end() && inputs[owner->second].path.filename() != input.path.filename()) {
+            candidate = dir / (input.path.filename().string() + ".xml");
+            owner = taken.find(candidate);
+        }
+        if (owner != taken.end()) {
+            errors.push_back(input.path.string() + ": not converted: its output " + candidate.string() +
+                             " is already the output of " + inputs[owner->second].path.string() +
+                             " (convert it into another folder)");
+            continue;
+        }
+        taken.emplace(candidate, i);
+        targets[i] = candidate;
     }
-    return candidate;
+    return targets;
 }
+
+class Batch {
+public:
+    Batch(const Settings& settings, std::size_t total)
+        : settings(settings), progress(total, !settings.quiet && settings.toDirectory), standardOutput(stdout)
+    {
+    }
+
+    // Converts one file; a failure of any kind is reported against the file and the batch goes on.
+    void convert(std::size_t index, const InputFile& input, const fs::path& target)
+    {
+        progress.show(index, input.path);
+        try {
+            convertOrReport(input, target);
+        } catch (const std::bad_alloc&) {
+            error(input.path, "not enough memory to convert it");
+        } catch (const std::exception& e) {
+            error(input.path, e.what());
+        }
+    }
+
+    void error(const fs::path& path, const std::string& message)
+    {
+        progress.clear();
+        std::fprintf(stderr, "cindrel: %s: %s\n", path.c_str(), message.c_str());
+        failed = true;
+    }
+
+    void note(const fs::path& path, const std::string& message)
+    {
+        if (settings.quiet) return;
+        progress.clear();
+        std::fprintf(stderr, "cindrel: %s: %s\n", path.c_str(), message.c_str());
+    }
+
+    // Closes standard output; the exit status of the whole batch.
+    int finish()
+    {
+        progress.clear();
+        if (!standardOutput.finish()) {
+            std::fprintf(stderr, "cindrel: write to standard output failed: %s\n",
+                         std::strerror(standardOutput.error()));
+            failed = true;
+        }
+        return failed ? 1 : 0;
+    }
+
+private:
+    void convertOrReport(const InputFile& input, const fs::path& target)
+    {
+        if (input.kind == FileKind::Unknown) {
+            error(input.path, "not a material or options file (.talmat, .numat, .talopt, .nuopt)");
+            return;
+        }
+        ConversionNotes notes;
+        if (!settings.toDirectory) {
+            // A damaged file's text is empty (its first byte is a zero), so nothing reaches the
+            // output before the report decides.
+            standardOutput.resetCounts();
+            report(input, convertFile(input, standardOutput, notes), notes, standardOutput, {});
+            return;
+        }
+        std::error_code ec;
+        fs::create_directories(target.parent_path(), ec);
+        OutputFile file(target);
+        if (!file.open()) {
+            error(input.path, "cannot write " + target.string() + ": " + file.error());
+            return;
+        }
+        Utf8Output output(file.file());
+        const ConversionOutcome outcome = convertFile(input, output, notes);
+        output.finish();
+        if (outcome == ConversionOutcome::Unreadable || rejected(outcome, notes)) {
+            file.abandon();
+            report(input, outcome, notes, output, target);
+            return;
+        }
+        if (!file.commit(output.error())) {
+            error(input.path, "cannot write " + target.string() + ": " + file.error());
+            return;
+        }
+        report(input, outcome, notes, output, target);
+    }
+
+    // A file whose header says it is binary but which does not load is damaged: an error, unless
+    // its pass-through text is asked for.
+    bool rejected(ConversionOutcome outcome, const ConversionNotes& notes) const
+    {
+        return outcome == ConversionOutcome::PlainText && notes.binaryHeader && !settings.passDamaged;
+    }
+
+    void report(const InputFile& input, ConversionOutcome outcome, const ConversionNotes& notes,
+                const Utf8Output& output, const fs::path& target)
+    {
+        if (outcome == ConversionOutcome::Unreadable) {
+            error(input.path, notes.unreadableReason);
+            return;
+        }
+        const std::string damage = std::string("damaged binary ") + kindName(input.kind) + " file: " +
+                                   (notes.failure ? describe(*notes.failure) : std::string("it does not load"));
+        if (rejected(outcome, notes)) {
+            error(input.path, damage + "; no XML written");
+            return;
+        }
+        if (outcome == ConversionOutcome::PlainText && notes.binaryHeader)
+            note(input.path, "warning: " + damage + "; passed through as text");
+        else if (outcome == ConversionOutcome::PlainText)
+            note(input.path, std::string("not a binary ") + kindName(input.kind) + " file; passed through as text");
+        if (outcome == ConversionOutcome::Binary && notes.readPastEnd)
+            note(input.path, "warning: the load read past the end of the file's data: it may be cut short, and "
+                             "values read there are not the file's");
+        if (output.forbiddenCharacters() > 0)
+            note(input.path, "warning: the document holds " + std::to_string(output.forbiddenCharacters()) +
+                                 " character(s) that XML 1.0 does not allow; they are kept as they are");
+        if (settings.toDirectory) {
+            progress.clear();
+            std::printf("%s -> %s (%s)\n", input.path.c_str(), target.c_str(),
+                        outcome == ConversionOutcome::Binary ? "converted" : "passed through as text");
+            std::fflush(stdout);
+        }
+    }
+
+    const Settings& settings;
+    Progress progress;
+    Utf8Output standardOutput;
+    bool failed = false;
+};
 
 int run(const Settings& settings)
 {
     std::vector<std::string> errors;
     const std::vector<InputFile> inputs = collectInputs(settings.inputs, errors);
-    bool failed = !errors.empty();
+    std::vector<fs::path> targets;
+    if (settings.toDirectory) targets = planOutputs(settings, inputs, errors);
     for (const std::string& error : errors) std::fprintf(stderr, "cindrel: %s\n", error.c_str());
 
-    Progress progress(inputs.size(), !settings.quiet && settings.toDirectory);
-    std::set<fs::path> usedOutputs;
-    Utf8Output standardOutput(stdout);
+    Batch batch(settings, inputs.size());
     for (std::size_t i = 0; i < inputs.size(); ++i) {
-        const InputFile& input = inputs[i];
-        const std::string name = input.path.string();
-        progress.show(i, input.path);
-        if (input.kind == FileKind::Unknown) {
-            progress.clear();
-            std::fprintf(stderr, "cindrel: %s: not a material or options file (.talmat, .numat, .talopt, .nuopt)\n",
-                         name.c_str());
-            failed = true;
-            continue;
-        }
-        std::error_code ec;
-        if (!fs::exists(input.path, ec) || fs::is_directory(input.path, ec)) {
-            progress.clear();
-            std::fprintf(stderr, "cindrel: %s: %s\n", name.c_str(), unreadableReason(input.path).c_str());
-            failed = true;
-            continue;
-        }
-
-        ConversionOutcome outcome;
-        fs::path target;
-        if (settings.toDirectory) {
-            target = outputPathFor(settings, input, usedOutputs);
-            fs::create_directories(target.parent_path(), ec);
-            std::FILE* file = std::fopen(target.string().c_str(), "wb");
-            if (file == nullptr) {
-                progress.clear();
-                std::fprintf(stderr, "cindrel: %s: cannot write: %s\n", target.string().c_str(), std::strerror(errno));
-                failed = true;
-                continue;
-            }
-            Utf8Output output(file);
-            outcome = convertFile(input, output);
-            const bool written = output.finish();
-            if (std::fclose(file) != 0 || !written) {
-                progress.clear();
-                std::fprintf(stderr, "cindrel: %s: write failed\n", target.string().c_str());
-                failed = true;
-                continue;
-            }
-        } else {
-            outcome = convertFile(input, standardOutput);
-        }
-
-        if (outcome == ConversionOutcome::Unreadable) {
-            progress.clear();
-            std::fprintf(stderr, "cindrel: %s: %s\n", name.c_str(), unreadableReason(input.path).c_str());
-            failed = true;
-            continue;
-        }
-        const char* how = outcome == ConversionOutcome::Binary ? "converted" : "passed through as text";
-        if (outcome == ConversionOutcome::PlainText && !settings.quiet) {
-            progress.clear();
-            std::fprintf(stderr, "cindrel: %s: not a binary %s file; passed through as text\n", name.c_str(),
-                         input.kind == FileKind::Material ? "material" : "options");
-        }
-        if (settings.toDirectory) {
-            progress.clear();
-            std::printf("%s -> %s (%s)\n", name.c_str(), target.string().c_str(), how);
-            std::fflush(stdout);
-        }
+        if (settings.toDirectory && targets[i].empty() && inputs[i].kind != FileKind::Unknown) continue;
+        batch.convert(i, inputs[i], settings.toDirectory ? targets[i] : fs::path());
     }
-    progress.clear();
-    if (!standardOutput.finish()) {
-        std::fprintf(stderr, "cindrel: write to standard output failed\n");
-        failed = true;
-    }
-    return failed ? 1 : 0;
+    const int status = batch.finish();
+    return errors.empty() ? status : 1;
 }
 
 }  // namespace
@@ -208,6 +305,8 @@ int main(int argc, char** argv)
             return 0;
         } else if (!optionsEnded && argument == "-q") {
             settings.quiet = true;
+        } else if (!optionsEnded && argument == "--pass-damaged") {
+            settings.passDamaged = true;
         } else if (!optionsEnded && (argument == "-o" || argument.rfind("--output=", 0) == 0)) {
             if (argument == "-o") {
                 if (++i >= argc) return usageError("-o needs a folder");

@@ -13,12 +13,23 @@ public:
     void take(std::u16string& text, bool force = false);
     // Writes what is left; false if any write failed.
     bool finish();
+    // The system's error number of the first write that failed, or 0.
+    int error() const { return firstError; }
+    // Characters taken so far that XML 1.0 does not allow in a document (controls other than tab,
+    // line feed and carriage return; U+FFFE and U+FFFF). They are written as they are.
+    std::size_t forbiddenCharacters() const { return forbidden; }
+    // Starts counting anew for the next document.
+    void resetCounts() { forbidden = 0; }
 
 private:
+    void fail(int number);
+
     std::FILE* file;
     std::string bytes;
     char16_t pendingHighSurrogate = 0;
+    int firstError = 0;
     bool failed = false;
+    std::size_t forbidden = 0;
 };
 
 }  // namespace CindrelTool

@@ -1,0 +1,32 @@
+// RegularFile: a file opened for reading only when it is a regular file.
+#pragma once
+
+#include <istream>
+#include <memory>
+#include <string>
+
+namespace TalvexCore {
+
+// Opens a path for binary input without ever blocking: a FIFO, a device, a socket or a folder is
+// refused before a byte is read, since reading one could wait for ever or never end.
+class RegularFile {
+public:
+    explicit RegularFile(const std::string& fileName);     // the name's bytes
+    explicit RegularFile(const std::u16string& path);      // a wide name, see fileNameToWide
+    ~RegularFile();
+    RegularFile(const RegularFile&) = delete;
+    RegularFile& operator=(const RegularFile&) = delete;
+
+    bool isOpen() const { return buffer != nullptr; }
+    // The file's bytes; a stream with no buffer, which fails every read, when it did not open.
+    std::istream& stream() { return in; }
+    // Why it did not open: the system's reason, or the kind of thing the path names.
+    std::string failureReason() const;
+
+private:
+    int error = 0;
+    std::unique_ptr<std::streambuf> buffer;
+    std::istream in{nullptr};
+};
+
+}  // namespace TalvexCore
