@@ -14,7 +14,7 @@ class MaterialObjectExclusion : public RowMaterial<MaterialObjectExclusion> {
 public:
     MaterialPtr base_mtl;
     uint32_t mode = 0;
-    NameList objects;  // compared without regard to case, in list order
+    ObjectNames objects;  // compared without regard to case, in list order
     bool short_circuit = true;
 
     static constexpr uint32_t classTypeId = 10;

@@ -16,7 +16,7 @@
 
 namespace TalvexCore {
 
-using NameList = std::vector<std::u16string>;
+using ObjectNames = std::vector<std::u16string>;
 
 // The place of the base material record among a class's rows.
 struct BaseRecordRow {};
@@ -31,7 +31,7 @@ struct BareMaterial {
 template <class M>
 struct RecordRow {
     using Field = std::variant<BaseRecordRow, BareMaterial<M>, MaterialPtr M::*, TexturePtr M::*, Color M::*,
-                               float M::*, uint32_t M::*, bool M::*, NameList M::*>;
+                               float M::*, uint32_t M::*, bool M::*, ObjectNames M::*>;
     Field field;
     uint32_t since = 1;
 };
@@ -42,7 +42,7 @@ template <class M>
 struct XmlRow {
     using Owner = M;
     using Field = std::variant<MaterialPtr M::*, TexturePtr M::*, Color M::*, float M::*, uint32_t M::*, bool M::*,
-                               NameList M::*, bool (*)(const M&)>;
+                               ObjectNames M::*, bool (*)(const M&)>;
     const char* name;
     Field field;
     const char* urlWord = nullptr;

@@ -11,7 +11,7 @@ constexpr uint64_t minimumNameBytes = 4;
 
 }  // namespace
 
-bool readNames(QuickArchive& in, NameList& names)
+bool readNames(QuickArchive& in, ObjectNames& names)
 {
     names.clear();
     return readCountedList(in, minimumNameBytes, [&] {
@@ -20,7 +20,7 @@ bool readNames(QuickArchive& in, NameList& names)
     });
 }
 
-void writeNames(QuickArchive& out, const NameList& names)
+void writeNames(QuickArchive& out, const ObjectNames& names)
 {
     writeCountedList(out, names, [&](const std::u16string& name) {
         out.writeWString(name);
@@ -28,7 +28,7 @@ void writeNames(QuickArchive& out, const NameList& names)
     });
 }
 
-bool namesEqual(const NameList& a, const NameList& b)
+bool namesEqual(const ObjectNames& a, const ObjectNames& b)
 {
     if (a.size() != b.size()) return false;
     for (std::size_t i = 0; i < a.size(); ++i)

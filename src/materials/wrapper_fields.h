@@ -31,10 +31,10 @@ template <class... F>
 Overloaded(F...) -> Overloaded<F...>;
 
 // A count of names, then each name.
-bool readNames(QuickArchive& in, NameList& names);
-void writeNames(QuickArchive& out, const NameList& names);
+bool readNames(QuickArchive& in, ObjectNames& names);
+void writeNames(QuickArchive& out, const ObjectNames& names);
 // The same number of names, equal index by index without regard to case.
-bool namesEqual(const NameList& a, const NameList& b);
+bool namesEqual(const ObjectNames& a, const ObjectNames& b);
 
 template <class M>
 bool readRecordRows(QuickArchive& in, M& self, std::span<const RecordRow<M>> rows, uint32_t version)
@@ -51,7 +51,7 @@ bool readRecordRows(QuickArchive& in, M& self, std::span<const RecordRow<M>> row
                 [&](float M::*f) { in.readF32(self.*f); return true; },
                 [&](uint32_t M::*f) { in.readU32(self.*f); return true; },
                 [&](bool M::*f) { in.readBool(self.*f); return true; },
-                [&](NameList M::*f) { return readNames(in, self.*f); },
+                [&](ObjectNames M::*f) { return readNames(in, self.*f); },
             },
             row.field);
         if (!ok) return false;
@@ -75,7 +75,7 @@ bool writeRecordRows(QuickArchive& out, const M& self, std::span<const RecordRow
                 [&](float M::*f) { out.writeF32(self.*f); return true; },
                 [&](uint32_t M::*f) { out.writeU32(self.*f); return true; },
                 [&](bool M::*f) { out.writeBool(self.*f); return true; },
-                [&](NameList M::*f) { writeNames(out, self.*f); return true; },
+                [&](ObjectNames M::*f) { writeNames(out, self.*f); return true; },
             },
             row.field);
         if (!ok) return false;
@@ -149,7 +149,7 @@ bool rowsEqual(const M& self, const MaterialPtr& other)
                                           [&](BareMaterial<M> bare) { return childEqual(self.*bare.field, that->*bare.field); },
                                           [&](MaterialPtr M::*f) { return childEqual(self.*f, that->*f); },
                                           [&](TexturePtr M::*f) { return childEqual(self.*f, that->*f); },
-                                          [&](NameList M::*f) { return namesEqual(self.*f, that->*f); },
+                                          [&](ObjectNames M::*f) { return namesEqual(self.*f, that->*f); },
                                           [&](auto f) { return self.*f == that->*f; },
                                       },
                                       row.field);
@@ -196,7 +196,7 @@ void writeRowParameters(AssetXmlWriter& writer, const M& self, const std::u16str
                        [&](uint32_t M::*f) { writer.writeInt(row.name, static_cast<int32_t>(self.*f)); },
                        [&](bool M::*f) { writer.writeBool(row.name, self.*f); },
                        [&](bool (*computed)(const M&)) { writer.writeBool(row.name, computed(self)); },
-                       [&](NameList M::*f) {
+                       [&](ObjectNames M::*f) {
                            writer.openList(row.name, "");
                            for (const std::u16string& entry : self.*f) writer.writeStringEntry(entry);
                            writer.closeList();

@@ -78,9 +78,10 @@ const SunPtr& defaultSun()
 
 bool readDocumentSun(QuickArchive& in)
 {
-    SunLight read;
-    // A record that runs past the end of the data would give the sun values no file held.
-    if (!read.readBinary(in) || in.readPosition() > in.blockCount() * QuickArchive::BlockSize) return false;
+    // Read into a copy and take it whole: what the record holds lands as reading the sun itself would
+    // leave it (a record cut short included), and a refused record leaves the sun as it was.
+    SunLight read = *defaultSun();
+    if (!read.readBinary(in)) return false;
     *defaultSun() = std::move(read);
     return true;
 }

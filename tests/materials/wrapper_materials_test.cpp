@@ -117,7 +117,7 @@ TEST_F(WrapperMaterials, OlderVersionsKeepDefaultsForWhatTheyLack)
     auto exclusion = loadAsClass<MaterialObjectExclusion>(
         10, ByteBuilder().tag(1).u32(0).append(layeredSlot("Core")).u32(1).str("Lamp"));
     EXPECT_TRUE(exclusion->short_circuit);
-    EXPECT_EQ(exclusion->objects, NameList{u"Lamp"});
+    EXPECT_EQ(exclusion->objects, ObjectNames{u"Lamp"});
     EXPECT_EQ(exclusion->name.rfind(u"DefaultMaterial", 0), 0u);
 
     auto toon = loadAsClass<MaterialToon>(14, ByteBuilder().tag(1).append(newestWrapperRecords()[7].bytes));

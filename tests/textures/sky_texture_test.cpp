@@ -97,7 +97,8 @@ TEST_F(SkyRecords, NewestRecordGivesTheDocumentSunItsValuesAndSharesIt)
     const auto before = std::make_shared<SunLight>(*defaultSun());
     EXPECT_FALSE(readFrom<SkyTexture>(newestSky("", 2, true, 9)));
     EXPECT_TRUE(defaultSun()->isEqual(before));
-    // So does one that the end of the data cuts short: a long id pushes it to the end of a block.
+    // So does one that the end of the data cuts short before its transform, whose tag is then missing:
+    // a long id pushes it to the end of a block.
     ByteBuilder cut = newestSky("", 2, true, 4, std::string(3900, 'x'));
     ASSERT_GT(cut.bytes.size(), QuickArchive::BlockSize);
     cut.bytes.resize(QuickArchive::BlockSize);
