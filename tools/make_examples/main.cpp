@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "example_files.h"
 #include "legacy_examples.h"
 #include "options_examples.h"
 #include "sky_examples.h"
@@ -74,14 +75,6 @@ TexturePtr bitmap(const std::u16string& file, float scale, float rotation, float
     uvw->updateTransforms();
     std::dynamic_pointer_cast<BitmapBuffer>(texture->bitmap)->gamma = gamma;
     return texture;
-}
-
-bool save(const fs::path& path, std::initializer_list<MaterialPtr> materials)
-{
-    TalMatFile file;
-    file.materials.assign(materials.begin(), materials.end());
-    std::ofstream out(path, std::ios::binary);
-    return out && file.save(out);
 }
 
 MaterialPtr woodFloor()
@@ -245,11 +238,11 @@ int main(int argc, char** argv)
     const fs::path dir = argc > 1 ? fs::path(argv[1]) : fs::path("examples");
     fs::create_directories(dir);
     bool ok = true;
-    ok &= save(dir / "wood_floor.talmat", {woodFloor()});
-    ok &= save(dir / "studio_glass.talmat", {clearGlass(), frostedGlass()});
-    ok &= save(dir / "metals.numat", {chrome(), brushedSteel(), copper()});
-    ok &= save(dir / "emitters.talmat", {lampShade(), neonSign()});
-    ok &= save(dir / "single_layer.talmat", {singleLayer(), woodFloor()});
+    ok &= MakeExamples::saveMaterials(dir / "wood_floor.talmat", {woodFloor()});
+    ok &= MakeExamples::saveMaterials(dir / "studio_glass.talmat", {clearGlass(), frostedGlass()});
+    ok &= MakeExamples::saveMaterials(dir / "metals.numat", {chrome(), brushedSteel(), copper()});
+    ok &= MakeExamples::saveMaterials(dir / "emitters.talmat", {lampShade(), neonSign()});
+    ok &= MakeExamples::saveMaterials(dir / "single_layer.talmat", {singleLayer(), woodFloor()});
     MakeExamples::writeOldRecordsFile(dir / "old_records.talmat");
     MakeExamples::writeOldContainerFiles(dir);
     ok &= MakeExamples::writeSharedSunFile(dir / "sky_shared_sun.talmat");

@@ -1,5 +1,7 @@
 #include "wrapper_examples.h"
 
+#include "example_files.h"
+
 #include <fstream>
 #include <initializer_list>
 #include <memory>
@@ -75,14 +77,6 @@ TexturePtr noise(float size)
     return texture;
 }
 
-bool save(const std::filesystem::path& path, std::initializer_list<MaterialPtr> materials)
-{
-    TalMatFile file;
-    file.materials.assign(materials.begin(), materials.end());
-    std::ofstream out(path, std::ios::binary);
-    return out && file.save(out);
-}
-
 // Five wrappers around a coated paint: bump, displacement, alpha, exclusion, environment override.
 MaterialPtr weatheredHull()
 {
@@ -132,7 +126,7 @@ MaterialPtr paperLantern()
 
 bool writeWrapperChainsFile(const std::filesystem::path& path)
 {
-    return save(path, {weatheredHull(), paperLantern()});
+    return saveMaterials(path, {weatheredHull(), paperLantern()});
 }
 
 bool writeReferencesFile(const std::filesystem::path& path)
@@ -158,7 +152,7 @@ bool writeReferencesFile(const std::filesystem::path& path)
     linked->link_id.kind = 0;
     linked->link_id.setText(u"library/woods/walnut");
 
-    const bool ok = save(path, {toBrass, toNothing, wrapped, multi, instance, linked});
+    const bool ok = saveMaterials(path, {toBrass, toNothing, wrapped, multi, instance, linked});
     sceneMaterials()->removeMaterial(u"Brass");
     return ok;
 }
@@ -201,7 +195,7 @@ bool writeOwnLayoutsFile(const std::filesystem::path& path)
     studio->bg_tex = constant(0, 0, 0);
     studio->bg_tex_mult = 0.5f;
 
-    return save(path, {blend, halfBlend, leaf, sign, toon, studio});
+    return saveMaterials(path, {blend, halfBlend, leaf, sign, toon, studio});
 }
 
 namespace {
