@@ -105,14 +105,16 @@ class ModuleTest(unittest.TestCase):
                     self.assertEqual((type(result), result), (TEXT, expected))
 
     def test_files_are_found_by_their_bytes_and_only_regular_files_are_read(self):
-        # A name that is not valid UTF-8 reaches Python with its stray bytes escaped; it opens.
-        odd = os.path.join(self.dir, os.fsdecode(b"caf\xe9 \xff.talmat"))
-        with open(odd, "wb") as f:
-            f.write(b"<odd/>")
-        self.assertEqual(Cindrel.getTalmatXml(odd), "<odd/>")
+        # A name that is not valid UTF-8 reaches Python 3 with its stray bytes escaped; it opens.
+        # (Python 2.7 passes a path as text only, in which such a name cannot be spelled.)
+        if sys.version_info[0] >= 3:
+            odd = os.path.join(self.dir, os.fsdecode(b"caf\xe9 \xff.talmat"))
+            with open(odd, "wb") as f:
+                f.write(b"<odd/>")
+            self.assertEqual(Cindrel.getTalmatXml(odd), "<odd/>")
         # A FIFO would block the call for good with the interpreter's lock held: it is unreadable.
         for ext, command in zip(("talmat", "talopt"), COMMANDS):
-            with self.subTest(command=command.__name__):
+            with case(self, command=command.__name__):
                 fifo = self.path("pipe." + ext)
                 os.mkfifo(fifo)
                 self.assertEqual(command(fifo), "")
