@@ -11,7 +11,7 @@ namespace TalvexCore {
 using AllOptionsSettings::table;
 
 // Each group's positions run from 0 without gap or repeat, across every table that feeds it.
-static_assert(xmlPositionsValid(table, ParamsSettings::table, FrameDataSettings::table, physicalCameraSettings));
+CINDREL_CHECK_SETTINGS(xmlPositionsValid(table, ParamsSettings::table, FrameDataSettings::table, physicalCameraSettings));
 
 namespace {
 

@@ -177,6 +177,6 @@ inline constexpr auto table = std::to_array<Setting<A>>({
     {"reflect_mult", {}, {}, notStored, SettingsGroups::Environment, 11, Form::Float, {}, false, &reflectMultiplier},
     {"refract_mult", {}, {}, notStored, SettingsGroups::Environment, 15, Form::Float, {}, false, &refractMultiplier},
 });
-static_assert(settingsTableValid(table));
+CINDREL_CHECK_SETTINGS(settingsTableValid(table));
 
 }  // namespace TalvexCore::AllOptionsSettings

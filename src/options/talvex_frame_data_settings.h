@@ -62,6 +62,6 @@ inline constexpr auto table = std::to_array<Setting<F>>({
     {"dark_mult", &F::dark_mult, 1.0f, 1, SettingsGroups::ColorMapping, 5, Form::Float},
     {"bright_mult", &F::bright_mult, 1.0f, 1, SettingsGroups::ColorMapping, 6, Form::Float},
 });
-static_assert(settingsTableValid(table));
+CINDREL_CHECK_SETTINGS(settingsTableValid(table));
 
 }  // namespace TalvexCore::FrameDataSettings

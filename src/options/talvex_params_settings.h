@@ -253,6 +253,6 @@ inline constexpr auto table = std::to_array<Setting<P>>({
     {"", &P::params_internal_int_1, 1, notStored},
     {"", &P::params_internal_int_2, 3, notStored},
 });
-static_assert(settingsTableValid(table));
+CINDREL_CHECK_SETTINGS(settingsTableValid(table));
 
 }  // namespace TalvexCore::ParamsSettings

@@ -98,6 +98,6 @@ inline constexpr std::array<Setting<PhysicalCamera>, 28> physicalCameraSettings{
     {"use_moblur", &PhysicalCamera::use_moblur, 0, 2, "CameraPhysical", 27, Form::Bool},
     {"subdivs", &PhysicalCamera::subdivs, 6, 2, "CameraPhysical", 28, Form::Int},
 }};
-static_assert(settingsTableValid(physicalCameraSettings));
+CINDREL_CHECK_SETTINGS(settingsTableValid(physicalCameraSettings));
 
 }  // namespace TalvexCore
