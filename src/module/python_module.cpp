@@ -27,7 +27,7 @@ PyObject* runCommand(const char* command, PyObject* args, PyObject* keywords,
         if (!parsePathArgument(args, keywords, command, path)) return nullptr;
         // A path of the wrong kind answers null with no exception set, as the command always has.
         if (!matches(path)) return nullptr;
-        return buildResult(conversion(path));
+        return buildResult(conversion(path, LoneSurrogates::Kept));
     } catch (const std::bad_alloc&) {
         return PyErr_NoMemory();
     } catch (const std::exception& e) {
