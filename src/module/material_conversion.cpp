@@ -2,6 +2,7 @@
 
 #include "materials/material_layouts.h"
 #include "materials/tal_mat_file.h"
+#include "module/model_state_lock.h"
 
 namespace TalvexCore {
 
@@ -9,6 +10,7 @@ ConversionOutcome writeMaterialFileXml(const std::u16string& path, std::string& 
                                        const AssetXmlWriter::Utf8FlushSink& sink, ConversionNotes* notes,
                                        LoneSurrogates loneSurrogates)
 {
+    const std::lock_guard<std::mutex> held(modelStateLock());
     TalMatFile file;
     const bool loaded = file.load(path);
     if (notes) {

@@ -2,12 +2,14 @@
 
 #include "options/all_options.h"
 #include "options/tal_opt_file.h"
+#include "module/model_state_lock.h"
 
 namespace TalvexCore {
 
 ConversionOutcome writeOptionsFileXml(const std::u16string& path, std::string& text,
                                       const AssetXmlWriter::Utf8FlushSink& sink, LoneSurrogates loneSurrogates)
 {
+    const std::lock_guard<std::mutex> held(modelStateLock());
     AllOptions options;
     TalOptFile file;
     if (!file.load(options, path)) return appendPlainText(path, text, sink);
