@@ -137,20 +137,25 @@ bool reportConversionIntoPieces(const fs::path& input, const std::string& xml)
 }
 
 // getTalmatXml in a fresh interpreter: its time, and its peak memory above the interpreter's own
-// before the call, against the text it returns and against xmllint's time on that text.
+// before the call, against the text it returns and against xmllint's time on that text. The peak is
+// the memory's own high-water mark, which starts anew with the program (the usage counters keep
+// this process's peak across the fork).
 bool reportPythonCommand(const fs::path& input, double parseSeconds)
 {
 #ifdef CINDREL_MODULE_DIR
     const fs::path report = input.parent_path() / "python.txt";
     const std::string script =
-        "import sys, time, resource\n"
+        "import sys, time\n"
         "sys.path.insert(0, sys.argv[1])\n"
         "import Cindrel\n"
-        "before = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss\n"
+        "def peak():\n"
+        "    with open('/proc/self/status') as status:\n"
+        "        return [int(line.split()[1]) for line in status if line.startswith('VmHWM:')][0]\n"
+        "before = peak()\n"
         "start = time.time()\n"
         "text = Cindrel.getTalmatXml(sys.argv[2])\n"
         "seconds = time.time() - start\n"
-        "after = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss\n"
+        "after = peak()\n"
         "size = len(text.encode('utf-8'))\n"
         "print('%f %d %d' % (seconds, (after - before) * 1024 - size, size))\n";
     const RunResult run =
