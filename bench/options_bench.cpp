@@ -52,7 +52,7 @@ void BM_ConvertOptions(benchmark::State& state)
 {
     const std::u16string& path = optionsFile();
     for (auto _ : state) {
-        std::u16string text = optionsFileToXml(path);
+        std::string text = optionsFileToXml(path);
         benchmark::DoNotOptimize(text.data());
     }
 }

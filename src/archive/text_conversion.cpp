@@ -129,8 +129,9 @@ std::u16string narrowToWide(std::string_view narrow)
     return out;
 }
 
-void appendWideAsNarrow(std::string& out, std::u16string_view wide)
+void appendWideAsNarrow(std::string& out, std::u16string_view wide, LoneSurrogates loneSurrogates)
 {
+    const char32_t lone = loneSurrogates == LoneSurrogates::Replaced ? 0xFFFD : 0;
     for (std::size_t i = 0; i < wide.size(); ++i) {
         const char16_t c = wide[i];
         if (c < 0x80) {
@@ -140,11 +141,30 @@ void appendWideAsNarrow(std::string& out, std::u16string_view wide)
             encodeUtf8(0x10000 + ((char32_t(c) - 0xD800) << 10) + (wide[i + 1] - 0xDC00), out);
             ++i;
         } else if (c >= 0xD800 && c <= 0xDFFF) {
-            encodeUtf8(0xFFFD, out);
+            encodeUtf8(lone != 0 ? lone : c, out);
         } else {
             encodeUtf8(c, out);
         }
     }
+}
+
+void appendNarrowAsUtf8(std::string& out, std::string_view narrow)
+{
+    narrow = upToZero(narrow);
+    bool valid = true;
+    for (std::size_t i = 0; i < narrow.size() && valid;) {
+        char32_t cp = 0;
+        const std::size_t length = utf8Sequence(narrow, i, cp);
+        valid = length != 0;
+        i += length;
+    }
+    if (valid) {
+        out.append(narrow);
+        return;
+    }
+    out.reserve(out.size() + narrow.size() * 2);
+    for (const unsigned char c : narrow)
+        encodeUtf8(c >= 0x80 && c < 0xA0 ? cp1252High[c - 0x80] : static_cast<char32_t>(c), out);
 }
 
 std::string wideToNarrow(std::u16string_view wide)

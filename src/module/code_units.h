@@ -62,4 +62,33 @@ std::vector<Unit> fromUtf16Units(std::u16string_view text)
     return out;
 }
 
+// UTF-8 text whose lone surrogates stand as their own three bytes, up to its first zero, as
+// zero-terminated wide text of `Unit`: the text fromUtf16Units gives for the same 16-bit units.
+// Units of 16 bits take a character above the basic plane as a surrogate pair.
+template <class Unit>
+std::vector<Unit> fromUtf8Units(std::string_view text)
+{
+    if (const auto zero = text.find('\0'); zero != std::string_view::npos) text = text.substr(0, zero);
+    std::vector<Unit> out;
+    out.reserve(text.size() + 1);
+    for (std::size_t i = 0; i < text.size();) {
+        const unsigned char lead = static_cast<unsigned char>(text[i]);
+        const std::size_t length = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+        char32_t c = length == 1 ? lead : lead & (0x7F >> length);
+        for (std::size_t k = 1; k < length && i + k < text.size(); ++k)
+            c = (c << 6) | (static_cast<unsigned char>(text[i + k]) & 0x3F);
+        i += length;
+        if constexpr (sizeof(Unit) == sizeof(char16_t)) {
+            if (c >= 0x10000) {
+                c -= 0x10000;
+                out.push_back(static_cast<Unit>(0xD800 + (c >> 10)));
+                c = 0xDC00 + (c & 0x3FF);
+            }
+        }
+        out.push_back(static_cast<Unit>(c));
+    }
+    out.push_back(0);
+    return out;
+}
+
 }  // namespace TalvexCore

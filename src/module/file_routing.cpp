@@ -29,8 +29,8 @@ bool isOptionsFilePath(const std::u16string& path)
     return hasExtension(path, u"talopt", u"nuopt");
 }
 
-ConversionOutcome appendPlainText(const std::u16string& path, std::u16string& text,
-                                  const AssetXmlWriter::FlushSink& sink, ConversionNotes* notes)
+ConversionOutcome appendPlainText(const std::u16string& path, std::string& text,
+                                  const AssetXmlWriter::Utf8FlushSink& sink, ConversionNotes* notes)
 {
     RegularFile file(path);
     if (!file.isOpen()) {
@@ -38,7 +38,7 @@ ConversionOutcome appendPlainText(const std::u16string& path, std::u16string& te
         return ConversionOutcome::Unreadable;
     }
     // Everything behind the first zero byte is lost, and so it is never read.
-    appendNarrowAsWide(text, readBytesUpToZero(file.stream()));
+    appendNarrowAsUtf8(text, readBytesUpToZero(file.stream()));
     if (sink) sink(text);
     return ConversionOutcome::PlainText;
 }

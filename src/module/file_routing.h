@@ -29,9 +29,10 @@ struct ConversionNotes {
     std::string unreadableReason;        // why the file did not open
 };
 
-// A file that does not load is taken to be XML already: its bytes up to the first zero byte,
-// decoded as narrow text, are appended to `text`. Unreadable when the file does not open.
-ConversionOutcome appendPlainText(const std::u16string& path, std::u16string& text,
-                                  const AssetXmlWriter::FlushSink& sink, ConversionNotes* notes = nullptr);
+// A file that does not load is taken to be XML already: its bytes up to the first zero byte are
+// appended to `text` as UTF-8 (valid UTF-8 as it stands, other text decoded as Windows-1252).
+// Unreadable when the file does not open.
+ConversionOutcome appendPlainText(const std::u16string& path, std::string& text,
+                                  const AssetXmlWriter::Utf8FlushSink& sink, ConversionNotes* notes = nullptr);
 
 }  // namespace TalvexCore

@@ -2,12 +2,15 @@
 
 #include "materials/material_layouts.h"
 #include "materials/tal_mat_file.h"
+#include "module/model_state_lock.h"
 
 namespace TalvexCore {
 
-ConversionOutcome writeMaterialFileXml(const std::u16string& path, std::u16string& text,
-                                       const AssetXmlWriter::FlushSink& sink, ConversionNotes* notes)
+ConversionOutcome writeMaterialFileXml(const std::u16string& path, std::string& text,
+                                       const AssetXmlWriter::Utf8FlushSink& sink, ConversionNotes* notes,
+                                       LoneSurrogates loneSurrogates)
 {
+    const std::lock_guard<std::mutex> held(modelStateLock());
     TalMatFile file;
     const bool loaded = file.load(path);
     if (notes) {
@@ -16,7 +19,7 @@ ConversionOutcome writeMaterialFileXml(const std::u16string& path, std::u16strin
     }
     if (!loaded) return appendPlainText(path, text, sink, notes);
 
-    AssetXmlWriter writer(text);
+    AssetXmlWriter writer(text, loneSurrogates);
     writer.setFlushSink(sink);
     writer.openRoot(materialRootTag);
     for (std::size_t i = 0; i < file.materialCount(); ++i) {
@@ -27,10 +30,10 @@ ConversionOutcome writeMaterialFileXml(const std::u16string& path, std::u16strin
     return ConversionOutcome::Binary;
 }
 
-std::u16string materialFileToXml(const std::u16string& path)
+std::string materialFileToXml(const std::u16string& path, LoneSurrogates loneSurrogates)
 {
-    std::u16string text;
-    writeMaterialFileXml(path, text, {});
+    std::string text;
+    writeMaterialFileXml(path, text, {}, nullptr, loneSurrogates);
     return text;
 }
 

@@ -2,17 +2,19 @@
 
 #include "options/all_options.h"
 #include "options/tal_opt_file.h"
+#include "module/model_state_lock.h"
 
 namespace TalvexCore {
 
-ConversionOutcome writeOptionsFileXml(const std::u16string& path, std::u16string& text,
-                                      const AssetXmlWriter::FlushSink& sink)
+ConversionOutcome writeOptionsFileXml(const std::u16string& path, std::string& text,
+                                      const AssetXmlWriter::Utf8FlushSink& sink, LoneSurrogates loneSurrogates)
 {
+    const std::lock_guard<std::mutex> held(modelStateLock());
     AllOptions options;
     TalOptFile file;
     if (!file.load(options, path)) return appendPlainText(path, text, sink);
 
-    AssetXmlWriter writer(text);
+    AssetXmlWriter writer(text, loneSurrogates);
     writer.setFlushSink(sink);
     writer.openRoot(optionsRootTag);
     options.writeXml(writer, u"");
@@ -20,10 +22,10 @@ ConversionOutcome writeOptionsFileXml(const std::u16string& path, std::u16string
     return ConversionOutcome::Binary;
 }
 
-std::u16string optionsFileToXml(const std::u16string& path)
+std::string optionsFileToXml(const std::u16string& path, LoneSurrogates loneSurrogates)
 {
-    std::u16string text;
-    writeOptionsFileXml(path, text, {});
+    std::string text;
+    writeOptionsFileXml(path, text, {}, loneSurrogates);
     return text;
 }
 

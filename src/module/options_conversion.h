@@ -7,9 +7,12 @@
 
 namespace TalvexCore {
 
-std::u16string optionsFileToXml(const std::u16string& path);
+// The whole document as one UTF-8 text.
+std::string optionsFileToXml(const std::u16string& path, LoneSurrogates loneSurrogates = LoneSurrogates::Replaced);
 
-ConversionOutcome writeOptionsFileXml(const std::u16string& path, std::u16string& text,
-                                      const AssetXmlWriter::FlushSink& sink);
+// The same text, appended to `text`; `sink`, when set, takes the text in pieces as it grows.
+ConversionOutcome writeOptionsFileXml(const std::u16string& path, std::string& text,
+                                      const AssetXmlWriter::Utf8FlushSink& sink,
+                                      LoneSurrogates loneSurrogates = LoneSurrogates::Replaced);
 
 }  // namespace TalvexCore

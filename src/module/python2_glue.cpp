@@ -19,9 +19,9 @@ bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, 
     return true;
 }
 
-PyObject* buildResult(const std::u16string& text)
+PyObject* buildResult(const std::string& text)
 {
-    const auto wide = fromUtf16Units<Py_UNICODE>(text);
+    const auto wide = fromUtf8Units<Py_UNICODE>(text);
     return Py_BuildValue("u", wide.data());
 }
 

@@ -1,5 +1,6 @@
 // The module under Python 3, within the stable ABI, so that one built file imports in every Python 3:
-// the entry PyInit_Cindrel, and the path and the result as a str, through its UTF-16 form.
+// the entry PyInit_Cindrel, the path as a str through its UTF-16 form, and the result as a str built
+// once from the document's UTF-8.
 #include <string>
 #include <string_view>
 
@@ -49,13 +50,11 @@ bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, 
     return true;
 }
 
-PyObject* buildResult(const std::u16string& text)
+PyObject* buildResult(const std::string& text)
 {
-    const auto zero = text.find(u'\0');
-    const std::size_t length = zero == std::u16string::npos ? text.size() : zero;
-    int byteOrder = -1;  // little endian
-    return PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(text.data()),
-                                 static_cast<Py_ssize_t>(length * 2), "surrogatepass", &byteOrder);
+    const auto zero = text.find('\0');
+    const std::size_t length = zero == std::string::npos ? text.size() : zero;
+    return PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(length), "surrogatepass");
 }
 
 }  // namespace TalvexCore

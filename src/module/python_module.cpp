@@ -27,7 +27,19 @@ PyObject* runCommand(const char* command, PyObject* args, PyObject* keywords,
         if (!parsePathArgument(args, keywords, command, path)) return nullptr;
         // A path of the wrong kind answers null with no exception set, as the command always has.
         if (!matches(path)) return nullptr;
-        return buildResult(conversion(path));
+        // The file is read and converted with the interpreter's lock released, so that the host's
+        // other threads go on; nothing in between touches the interpreter.
+        std::string text;
+        std::exception_ptr failure;
+        Py_BEGIN_ALLOW_THREADS
+        try {
+            text = conversion(path, LoneSurrogates::Kept);
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        Py_END_ALLOW_THREADS
+        if (failure) std::rethrow_exception(failure);
+        return buildResult(text);
     } catch (const std::bad_alloc&) {
         return PyErr_NoMemory();
     } catch (const std::exception& e) {

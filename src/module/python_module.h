@@ -27,7 +27,8 @@ bool addModuleVersion(PyObject* module);
 // are refused.
 bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, std::u16string& path);
 
-// Defined by the glue. The text up to its first zero character, as a new Unicode object.
-PyObject* buildResult(const std::u16string& text);
+// Defined by the glue. The UTF-8 text up to its first zero character, as a new Unicode object; a lone
+// surrogate of the text stands as its own three bytes and comes back as the same lone surrogate.
+PyObject* buildResult(const std::string& text);
 
 }  // namespace TalvexCore

@@ -39,7 +39,10 @@ bool needsEscaping(std::u16string_view text)
 
 AssetXmlWriter::AssetXmlWriter(std::u16string& stream) : wideOut(&stream) {}
 
-AssetXmlWriter::AssetXmlWriter(std::string& utf8Stream) : utf8Out(&utf8Stream) {}
+AssetXmlWriter::AssetXmlWriter(std::string& utf8Stream, LoneSurrogates loneSurrogates)
+    : utf8Out(&utf8Stream), loneSurrogates(loneSurrogates)
+{
+}
 
 void AssetXmlWriter::flush()
 {
@@ -61,13 +64,13 @@ void AssetXmlWriter::putChar(char ascii)
 
 void AssetXmlWriter::putWide(std::u16string_view text)
 {
-    if (utf8Out) appendWideAsNarrow(*utf8Out, text);
+    if (utf8Out) appendWideAsNarrow(*utf8Out, text, loneSurrogates);
     else wideOut->append(text);
 }
 
 void AssetXmlWriter::putText(const XmlText& text)
 {
-    if (utf8Out) text.appendUtf8To(*utf8Out);
+    if (utf8Out) text.appendUtf8To(*utf8Out, loneSurrogates);
     else text.appendTo(*wideOut);
 }
 

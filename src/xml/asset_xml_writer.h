@@ -28,8 +28,9 @@ public:
     using Utf8FlushSink = std::function<void(std::string& text)>;
 
     explicit AssetXmlWriter(std::u16string& stream);
-    // The same document as UTF-8, with no wide text in between.
-    explicit AssetXmlWriter(std::string& utf8Stream);
+    // The same document as UTF-8, with no wide text in between. A lone surrogate of the model's
+    // text becomes U+FFFD, or, when kept, its own three bytes.
+    explicit AssetXmlWriter(std::string& utf8Stream, LoneSurrogates loneSurrogates = LoneSurrogates::Replaced);
     void setFlushSink(FlushSink sink) { flushSink = std::move(sink); }
     void setFlushSink(Utf8FlushSink sink) { utf8FlushSink = std::move(sink); }
     void flush();
@@ -118,6 +119,7 @@ private:
 
     std::u16string* wideOut = nullptr;  // one of the two is set
     std::string* utf8Out = nullptr;
+    LoneSurrogates loneSurrogates = LoneSurrogates::Replaced;
     int32_t indentLevel = 0;
     std::u16string rootTag;
     FlushSink flushSink;

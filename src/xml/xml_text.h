@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "archive/text_conversion.h"
+
 namespace TalvexCore {
 
 // The writer takes every text in either width: wide text as it stands, narrow text converted as
@@ -21,7 +23,7 @@ public:
     bool empty() const { return isWide ? wide.empty() || wide[0] == 0 : narrow.empty() || narrow[0] == 0; }
     void appendTo(std::u16string& out) const;
     // The same text as UTF-8.
-    void appendUtf8To(std::string& out) const;
+    void appendUtf8To(std::string& out, LoneSurrogates loneSurrogates = LoneSurrogates::Replaced) const;
     std::u16string toWide() const;
     // The wide text as a view: wide text as it stands, narrow text converted into `scratch`.
     std::u16string_view wideView(std::u16string& scratch) const;

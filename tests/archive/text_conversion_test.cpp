@@ -44,7 +44,13 @@ TEST(TextConversion, OneWayCases)
         {"\xC3\xA9\xFF", u"\u00C3\u00A9\u00FF"},               // valid UTF-8 beside a bad byte
         {std::string("ab\0cd", 5), u"ab"},
     };
-    for (const Texts& c : toWide) EXPECT_EQ(narrowToWide(c.narrow), c.wide) << c.narrow;
+    for (const Texts& c : toWide) {
+        EXPECT_EQ(narrowToWide(c.narrow), c.wide) << c.narrow;
+        // Straight to UTF-8, the same text as by way of the wide form.
+        std::string utf8 = "kept ";
+        appendNarrowAsUtf8(utf8, c.narrow);
+        EXPECT_EQ(utf8, "kept " + wideToNarrow(c.wide)) << c.narrow;
+    }
     // Lone surrogates, also a pair in the wrong order, become replacement characters.
     const Texts toNarrow[] = {
         {"\xEF\xBF\xBDx", u"\xD800x"},
@@ -54,6 +60,10 @@ TEST(TextConversion, OneWayCases)
         {"ab", std::u16string(u"ab\0cd", 5)},
     };
     for (const Texts& c : toNarrow) EXPECT_EQ(wideToNarrow(c.wide), c.narrow) << c.narrow;
+    // Kept, a lone surrogate is its own three bytes; a pair is still one character of four.
+    std::string kept;
+    appendWideAsNarrow(kept, u"\xDE00\xD83D\xD83D\xDE00x", LoneSurrogates::Kept);
+    EXPECT_EQ(kept, "\xED\xB8\x80\xED\xA0\xBD\xF0\x9F\x98\x80x");
     std::u16string out = u"kept ";
     appendNarrowAsWide(out, std::string("\xE9\0\xE9", 3));
     EXPECT_EQ(out, u"kept \u00e9");

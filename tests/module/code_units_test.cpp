@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "archive/text_conversion.h"
 #include "module/code_units.h"
 
 using namespace TalvexCore;
@@ -41,6 +42,11 @@ TEST(CodeUnits, WideTextOfThirtyTwoBitsBothWays)
         SCOPED_TRACE(::testing::PrintToString(c.units));
         EXPECT_EQ(toUtf16Units(c.wide.c_str()), c.units);
         EXPECT_EQ(widened(c.units), c.wide);
+        // The document's UTF-8, lone surrogates kept, gives the interpreter the same text.
+        std::string utf8;
+        appendWideAsNarrow(utf8, c.units, LoneSurrogates::Kept);
+        EXPECT_EQ(std::u32string(fromUtf8Units<char32_t>(utf8).data()), c.wide);
+        EXPECT_EQ(std::u16string(fromUtf8Units<char16_t>(utf8).data()), c.units);
     }
 }
 

@@ -56,7 +56,7 @@ std::string readFile(const fs::path& path)
 std::string convertToUtf8(const fs::path& example)
 {
     const std::u16string path = narrowToWide(example.string());
-    return wideToNarrow(isMaterialFilePath(path) ? materialFileToXml(path) : optionsFileToXml(path));
+    return isMaterialFilePath(path) ? materialFileToXml(path) : optionsFileToXml(path);
 }
 
 std::string commandOutput(const std::string& command)

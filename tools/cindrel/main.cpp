@@ -74,8 +74,8 @@ int usageError(const std::string& message)
 ConversionOutcome convertFile(const InputFile& input, Utf8Output& output, ConversionNotes& notes)
 {
     const std::u16string path = TalvexCore::fileNameToWide(input.path.native());
-    std::u16string text;
-    const auto sink = [&output](std::u16string& t) { output.take(t); };
+    std::string text;
+    const auto sink = [&output](std::string& t) { output.take(t); };
     ConversionOutcome outcome;
     if (input.kind == FileKind::Material) {
         outcome = TalvexCore::writeMaterialFileXml(path, text, sink, &notes);

@@ -1,4 +1,4 @@
-// Utf8Output: takes the wide text of a document in pieces and writes it to a byte stream as UTF-8.
+// Utf8Output: takes the UTF-8 text of a document in pieces and writes it to a byte stream.
 #pragma once
 
 #include <cstdio>
@@ -10,7 +10,7 @@ class Utf8Output {
 public:
     explicit Utf8Output(std::FILE* file) : file(file) {}
     // Writes and empties `text` once it has grown past a piece's size, or always when `force`.
-    void take(std::u16string& text, bool force = false);
+    void take(std::string& text, bool force = false);
     // Writes what is left; false if any write failed.
     bool finish();
     // The system's error number of the first write that failed, or 0.
@@ -23,13 +23,14 @@ public:
 
 private:
     void fail(int number);
+    void count(const std::string& text);
 
     std::FILE* file;
-    std::string bytes;
-    char16_t pendingHighSurrogate = 0;
     int firstError = 0;
     bool failed = false;
     std::size_t forbidden = 0;
+    // The last bytes of the piece before, for U+FFFE and U+FFFF cut between two pieces.
+    unsigned char before[2] = {0, 0};
 };
 
 }  // namespace CindrelTool

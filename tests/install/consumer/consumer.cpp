@@ -11,8 +11,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "usage: consumer FILE.talmat\n");
         return 2;
     }
-    const std::string xml =
-        TalvexCore::wideToNarrow(TalvexCore::materialFileToXml(TalvexCore::narrowToWide(argv[1])));
+    const std::string xml = TalvexCore::materialFileToXml(TalvexCore::narrowToWide(argv[1]));
     std::fputs(xml.c_str(), stdout);
     return xml.find("<talmat") == std::string::npos ? 1 : 0;
 }
