@@ -32,7 +32,7 @@ inline constexpr SpecialSetting<P> forcedSamplerType = migratedSetting<P>([](Qui
 
 // The words around time_dependent have no field: written as 0 and 1.0, dropped on reading.
 inline constexpr SpecialSetting<P> reservedWordBefore = reservedWord<P, int32_t{0}>();
-inline constexpr SpecialSetting<P> reservedWordAfter = reservedWord<P, 1.0f>();
+inline constexpr SpecialSetting<P> reservedWordAfter = reservedF32Word<P, 0x3F800000u>();
 
 // Stored order of the version 5 record. Rows of no version are held and shown, never stored; rows
 // of no group are stored, never shown; rows of neither are the parameters' internal defaults.

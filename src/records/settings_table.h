@@ -129,19 +129,34 @@ constexpr SpecialSetting<Holder> migratedSetting(bool (*read)(QuickArchive&, Hol
 }
 
 // A word that records keep with no field behind it: reading drops it, writing puts `Value`.
-template <class Holder, auto Value>
+template <class Holder, int32_t Value>
 constexpr SpecialSetting<Holder> reservedWord()
 {
     return {
         .read = [](QuickArchive& in, Holder&, uint16_t) {
-            auto dropped = Value;
-            if constexpr (std::is_same_v<decltype(Value), float>) in.readF32(dropped);
-            else in.readI32(dropped);
+            int32_t dropped = Value;
+            in.readI32(dropped);
             return true;
         },
         .write = [](QuickArchive& out, const Holder&) {
-            if constexpr (std::is_same_v<decltype(Value), float>) out.writeF32(Value);
-            else out.writeI32(Value);
+            out.writeI32(Value);
+            return true;
+        },
+    };
+}
+
+// The same for an f32 word, given by its bits (1.0 is 0x3F800000) so that every compiler takes it.
+template <class Holder, uint32_t Bits>
+constexpr SpecialSetting<Holder> reservedF32Word()
+{
+    return {
+        .read = [](QuickArchive& in, Holder&, uint16_t) {
+            uint32_t dropped = Bits;
+            in.readU32(dropped);
+            return true;
+        },
+        .write = [](QuickArchive& out, const Holder&) {
+            out.writeU32(Bits);
             return true;
         },
     };

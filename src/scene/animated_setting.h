@@ -11,8 +11,9 @@
 namespace TalvexCore {
 
 // `Member` is an AnimatedReal of the holder; records of `RecordSince` and later store its record,
-// older ones a single f32. The reset sets the key at time 0 to `Initial`, leaving other keys.
-template <auto Member, float Initial, uint16_t RecordSince>
+// older ones a single f32. The reset sets the key at time 0 to `Initial`, leaving other keys; the
+// initial values are whole numbers, given as an integer so that every compiler takes the parameter.
+template <auto Member, int Initial, uint16_t RecordSince>
 constexpr auto keyedRealSetting()
 {
     using H = typename settings_detail::MemberOf<decltype(Member)>::Holder;
@@ -25,7 +26,7 @@ constexpr auto keyedRealSetting()
             return true;
         },
         .write = [](QuickArchive& out, const H& h) { return (h.*Member).writeBinary(out); },
-        .reset = [](H& h) { (h.*Member).setKey(Initial, 0.0); },
+        .reset = [](H& h) { (h.*Member).setKey(static_cast<float>(Initial), 0.0); },
         .equal = [](const H& a, const H& b) { return a.*Member == b.*Member; },
         .shown = [](const H& h) -> ShownValue { return (h.*Member).valueAt(0.0); },
     };

@@ -63,8 +63,8 @@ public:
     std::u16string assetType() const override { return u"settings"; }
 };
 
-inline constexpr auto focalLengthSetting = keyedRealSetting<&PhysicalCamera::focal_length, 40.0f, 2>();
-inline constexpr auto focusDistanceSetting = keyedRealSetting<&PhysicalCamera::focus_distance, 200.0f, 2>();
+inline constexpr auto focalLengthSetting = keyedRealSetting<&PhysicalCamera::focal_length, 40, 2>();
+inline constexpr auto focusDistanceSetting = keyedRealSetting<&PhysicalCamera::focus_distance, 200, 2>();
 
 // Record order; the XML group "CameraPhysical" shows them at places 1 to 28, between values that
 // the render options hold themselves.

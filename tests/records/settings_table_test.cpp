@@ -80,7 +80,7 @@ constexpr auto powerMigration = migratedSetting<Lamp>([](QuickArchive& in, Lamp&
     return true;
 });
 constexpr auto socketRecord = embeddedRecord<&Lamp::socket>();
-constexpr auto reservedOne = reservedWord<Lamp, 1.0f>();
+constexpr auto reservedOne = reservedF32Word<Lamp, 0x3F800000u>();
 constexpr auto shadeSlot = childSlot<&Lamp::shade>("shade_tex");
 constexpr auto doubledPower =
     computedSetting<Lamp>([](const Lamp& h) -> ShownValue { return h.power * 2; });
@@ -105,8 +105,8 @@ constexpr std::array<Setting<Room>, 2> roomSettings{{
     {"lamps", &Room::lamps, 4, 1, "SettingsLamp", 1, Form::Int},
     {"gain", &Room::gain, 1.0f, 1, "SettingsLamp", 4, Form::Float},
 }};
-static_assert(settingsTableValid(lampSettings) && settingsTableValid(roomSettings));
-static_assert(xmlPositionsValid(lampSettings, roomSettings));
+CINDREL_CHECK_SETTINGS(settingsTableValid(lampSettings) && settingsTableValid(roomSettings));
+CINDREL_CHECK_SETTINGS(xmlPositionsValid(lampSettings, roomSettings));
 
 // The check catches a gap, a repeat, and a row whose form does not fit its field.
 constexpr std::array<Setting<Room>, 2> gapped{{
@@ -118,9 +118,9 @@ constexpr std::array<Setting<Room>, 2> repeated{{
     {"gain", &Room::gain, 1.0f, 1, "G", 1, Form::Float},
 }};
 constexpr std::array<Setting<Room>, 1> misfit{{{"gain", &Room::gain, 1.0f, 1, "G", 0, Form::Bool}}};
-static_assert(!xmlPositionsValid(gapped) && !xmlPositionsValid(repeated));
-static_assert(!xmlPositionsValid(lampSettings) && !xmlPositionsValid(roomSettings));
-static_assert(!settingsTableValid(misfit));
+CINDREL_CHECK_SETTINGS(!xmlPositionsValid(gapped) && !xmlPositionsValid(repeated));
+CINDREL_CHECK_SETTINGS(!xmlPositionsValid(lampSettings) && !xmlPositionsValid(roomSettings));
+CINDREL_CHECK_SETTINGS(!settingsTableValid(misfit));
 
 // Records the writer calls it gets, one line each.
 struct RecordingWriter {
