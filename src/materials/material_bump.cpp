@@ -22,12 +22,12 @@ const XmlRow<M> xmlTable[] = {
 bool readResetMaterial(QuickArchive& in, MaterialPtr& slot)
 {
     uint32_t id = 0;
+    const uint64_t at = in.readPosition();
     in.readU32(id);
-    MaterialPtr inner = createMaterial(id);
-    if (!inner) return false;
+    MaterialPtr inner;
+    if (!makeChild(in, inner, id, at)) return false;
     inner->resetDefaults();
-    const QuickArchive::NestingGuard guard(in);
-    if (!guard || !inner->readBinary(in)) return false;
+    if (!readChildRecord(in, inner)) return false;
     slot = inner;
     return true;
 }
