@@ -1,8 +1,10 @@
 // The module under Python 3, within the stable ABI, so that one built file imports in every Python 3:
 // the entry PyInit_Cindrel, the path as a str through its UTF-16 form, and the result as a str built
 // once from the document's UTF-8.
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "archive/text_conversion.h"
 #include "module/python_module.h"
@@ -50,11 +52,57 @@ bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, 
     return true;
 }
 
-PyObject* buildResult(const std::string& text)
+namespace {
+
+// Each piece becomes a str as soon as the interpreter can take it, and its bytes are freed, so
+// that the pieces' memory goes to the strs; the strs are joined once into the result.
+class Python3Result : public PreparedResult {
+public:
+    explicit Python3Result(DocumentPieces&& pieces) : pieces(std::move(pieces)) {}
+
+    PyObject* build() override
+    {
+        std::vector<std::string>& taken = pieces.pieces();
+        if (taken.size() <= 1) return decodePiece(taken.empty() ? std::string_view() : upToZero(taken.front()));
+        PyObject* list = PyList_New(0);
+        if (list == nullptr) return nullptr;
+        bool ended = false;
+        for (std::string& piece : taken) {
+            if (ended) break;
+            const std::string_view text = upToZero(piece);
+            ended = text.size() < piece.size();
+            PyObject* part = decodePiece(text);
+            std::string().swap(piece);
+            if (part == nullptr || PyList_Append(list, part) < 0) {
+                Py_XDECREF(part);
+                Py_DECREF(list);
+                return nullptr;
+            }
+            Py_DECREF(part);
+        }
+        PyObject* empty = PyUnicode_FromStringAndSize("", 0);
+        PyObject* whole = empty ? PyUnicode_Join(empty, list) : nullptr;
+        Py_XDECREF(empty);
+        Py_DECREF(list);
+        return whole;
+    }
+
+private:
+    static std::string_view upToZero(std::string_view text) { return text.substr(0, text.find('\0')); }
+
+    static PyObject* decodePiece(std::string_view text)
+    {
+        return PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), "surrogatepass");
+    }
+
+    DocumentPieces pieces;
+};
+
+}  // namespace
+
+std::unique_ptr<PreparedResult> prepareResult(DocumentPieces&& pieces)
 {
-    const auto zero = text.find('\0');
-    const std::size_t length = zero == std::string::npos ? text.size() : zero;
-    return PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(length), "surrogatepass");
+    return std::make_unique<Python3Result>(std::move(pieces));
 }
 
 }  // namespace TalvexCore

@@ -6,7 +6,10 @@
 #define PY_SSIZE_T_CLEAN
 #include <Python.h>
 
+#include <memory>
 #include <string>
+
+#include "module/document_pieces.h"
 
 namespace TalvexCore {
 
@@ -27,8 +30,16 @@ bool addModuleVersion(PyObject* module);
 // are refused.
 bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, std::u16string& path);
 
-// Defined by the glue. The UTF-8 text up to its first zero character, as a new Unicode object; a lone
-// surrogate of the text stands as its own three bytes and comes back as the same lone surrogate.
-PyObject* buildResult(const std::string& text);
+// Defined by the glue. The result of a command: the document's UTF-8 up to its first zero
+// character as a new Unicode object; a lone surrogate of the text stands as its own three bytes and
+// comes back as the same lone surrogate. `prepareResult` takes the pieces over with the
+// interpreter's lock released and does there whatever needs no interpreter; `build` runs with the
+// lock held and answers the object, or null with the interpreter's exception set.
+class PreparedResult {
+public:
+    virtual ~PreparedResult() = default;
+    virtual PyObject* build() = 0;
+};
+std::unique_ptr<PreparedResult> prepareResult(DocumentPieces&& pieces);
 
 }  // namespace TalvexCore

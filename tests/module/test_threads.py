@@ -3,7 +3,6 @@ from __future__ import unicode_literals
 
 import os
 import shutil
-import sys
 import tempfile
 import threading
 import time
@@ -23,8 +22,6 @@ class ThreadsTest(unittest.TestCase):
         self.dir = tempfile.mkdtemp(prefix="cindrel_threads_test_")
         self.addCleanup(shutil.rmtree, self.dir)
 
-    # Python 2.7's ticking thread is not seen to run during the call; left to its own look.
-    @unittest.skipIf(sys.version_info[0] < 3, "not yet shown under Python 2.7")
     def test_other_threads_go_on_while_a_large_file_converts(self):
         # Text that is not UTF-8 as a whole (the last byte), so that every byte is read, checked and
         # converted; the text the interpreter finally takes in is plain ASCII, quick to take.
