@@ -4,6 +4,7 @@
 #include <string>
 
 #include "module/code_units.h"
+#include "module/document_pieces.h"
 #include "module/python_module.h"
 
 namespace TalvexCore {
@@ -25,14 +26,17 @@ namespace {
 // Under 2.7 the result takes four bytes a character (two in a narrow build): with the lock held
 // there is only the new object's allocation; its units are counted before and written after, with
 // the lock released, so that the host's other threads go on while the memory is first touched.
-class Python2Result : public PreparedResult {
+class Python2Result : public ResultBuilder {
 public:
-    explicit Python2Result(DocumentPieces&& pieces) : text(pieces.join())
+    void take(std::string& t, bool last, PyThreadState*& /*released*/) override
     {
+        pieces.take(t, last);
+        if (!last) return;
+        text = pieces.join();
         forEachUtf8Unit<Py_UNICODE>(text, [this](Py_UNICODE) { ++length; });
     }
 
-    PyObject* build() override
+    PyObject* finish() override
     {
         PyObject* result = PyUnicode_FromUnicode(nullptr, static_cast<Py_ssize_t>(length));
         if (result == nullptr) return nullptr;
@@ -44,15 +48,16 @@ public:
     }
 
 private:
+    DocumentPieces pieces;
     std::string text;
     std::size_t length = 0;
 };
 
 }  // namespace
 
-std::unique_ptr<PreparedResult> prepareResult(DocumentPieces&& pieces)
+std::unique_ptr<ResultBuilder> makeResultBuilder()
 {
-    return std::make_unique<Python2Result>(std::move(pieces));
+    return std::make_unique<Python2Result>();
 }
 
 }  // namespace TalvexCore

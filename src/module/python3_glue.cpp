@@ -4,9 +4,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "archive/text_conversion.h"
+#include "module/document_pieces.h"
+#include "module/populated_text.h"
 #include "module/python_module.h"
 
 namespace TalvexCore {
@@ -54,55 +55,34 @@ bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, 
 
 namespace {
 
-// Each piece becomes a str as soon as the interpreter can take it, and its bytes are freed, so
-// that the pieces' memory goes to the strs; the strs are joined once into the result.
-class Python3Result : public PreparedResult {
+// The document's UTF-8 is gathered whole in memory mapped ahead in bulk, the writer going on in the
+// same string; the str is then made of it in one step. Memory first touched page by page is costly,
+// and so the document is touched that way only once, as the result itself.
+class Python3Result : public ResultBuilder {
 public:
-    explicit Python3Result(DocumentPieces&& pieces) : pieces(std::move(pieces)) {}
-
-    PyObject* build() override
+    void take(std::string& text, bool last, PyThreadState*& /*released*/) override
     {
-        std::vector<std::string>& taken = pieces.pieces();
-        if (taken.size() <= 1) return decodePiece(taken.empty() ? std::string_view() : upToZero(taken.front()));
-        PyObject* list = PyList_New(0);
-        if (list == nullptr) return nullptr;
-        bool ended = false;
-        for (std::string& piece : taken) {
-            if (ended) break;
-            const std::string_view text = upToZero(piece);
-            ended = text.size() < piece.size();
-            PyObject* part = decodePiece(text);
-            std::string().swap(piece);
-            if (part == nullptr || PyList_Append(list, part) < 0) {
-                Py_XDECREF(part);
-                Py_DECREF(list);
-                return nullptr;
-            }
-            Py_DECREF(part);
-        }
-        PyObject* empty = PyUnicode_FromStringAndSize("", 0);
-        PyObject* whole = empty ? PyUnicode_Join(empty, list) : nullptr;
-        Py_XDECREF(empty);
-        Py_DECREF(list);
-        return whole;
+        if (text.empty() || (!last && text.size() < DocumentPieces::pieceSize)) return;
+        utf8.append(text);
+        text.clear();
     }
 
-private:
-    static std::string_view upToZero(std::string_view text) { return text.substr(0, text.find('\0')); }
-
-    static PyObject* decodePiece(std::string_view text)
+    PyObject* finish() override
     {
+        std::string_view text = utf8.view();
+        text = text.substr(0, text.find('\0'));
         return PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), "surrogatepass");
     }
 
-    DocumentPieces pieces;
+private:
+    PopulatedText utf8;
 };
 
 }  // namespace
 
-std::unique_ptr<PreparedResult> prepareResult(DocumentPieces&& pieces)
+std::unique_ptr<ResultBuilder> makeResultBuilder()
 {
-    return std::make_unique<Python3Result>(std::move(pieces));
+    return std::make_unique<Python3Result>();
 }
 
 }  // namespace TalvexCore

@@ -29,23 +29,20 @@ PyObject* runCommand(const char* command, PyObject* args, PyObject* keywords,
         // A path of the wrong kind answers null with no exception set, as the command always has.
         if (!matches(path)) return nullptr;
         // The file is read and converted with the interpreter's lock released, so that the host's
-        // other threads go on; nothing in between touches the interpreter. The document comes in
-        // pieces, so that it is held about once until the interpreter's text is made.
-        std::unique_ptr<PreparedResult> result;
+        // other threads go on; nothing in between touches the interpreter but the result's builder.
+        const std::unique_ptr<ResultBuilder> result = makeResultBuilder();
         std::exception_ptr failure;
-        Py_BEGIN_ALLOW_THREADS
+        PyThreadState* released = PyEval_SaveThread();
         try {
-            DocumentPieces pieces;
             std::string text;
-            conversion(path, text, [&pieces](std::string& t) { pieces.take(t); });
-            pieces.take(text, true);
-            result = prepareResult(std::move(pieces));
+            conversion(path, text, [&result, &released](std::string& t) { result->take(t, false, released); });
+            result->take(text, true, released);
         } catch (...) {
             failure = std::current_exception();
         }
-        Py_END_ALLOW_THREADS
+        PyEval_RestoreThread(released);
         if (failure) std::rethrow_exception(failure);
-        return result->build();
+        return result->finish();
     } catch (const std::bad_alloc&) {
         return PyErr_NoMemory();
     } catch (const std::exception& e) {

@@ -9,8 +9,6 @@
 #include <memory>
 #include <string>
 
-#include "module/document_pieces.h"
-
 namespace TalvexCore {
 
 // The two commands, getTalmatXml and getTaloptXml, and the terminating entry.
@@ -32,14 +30,17 @@ bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, 
 
 // Defined by the glue. The result of a command: the document's UTF-8 up to its first zero
 // character as a new Unicode object; a lone surrogate of the text stands as its own three bytes and
-// comes back as the same lone surrogate. `prepareResult` takes the pieces over with the
-// interpreter's lock released and does there whatever needs no interpreter; `build` runs with the
-// lock held and answers the object, or null with the interpreter's exception set.
-class PreparedResult {
+// comes back as the same lone surrogate. The conversion runs with the interpreter's lock released
+// (`released` holds the thread's state) and hands its text to `take` as it grows, whole characters
+// at a time, and once more with `last` set; `take` keeps what it needs and may empty the text, and
+// may take the lock back for a moment. `finish` runs with the lock held and answers the object, or
+// null with the interpreter's exception set.
+class ResultBuilder {
 public:
-    virtual ~PreparedResult() = default;
-    virtual PyObject* build() = 0;
+    virtual ~ResultBuilder() = default;
+    virtual void take(std::string& text, bool last, PyThreadState*& released) = 0;
+    virtual PyObject* finish() = 0;
 };
-std::unique_ptr<PreparedResult> prepareResult(DocumentPieces&& pieces);
+std::unique_ptr<ResultBuilder> makeResultBuilder();
 
 }  // namespace TalvexCore
