@@ -253,7 +253,8 @@ bool reportPythonCommand(const fs::path& input, double parseSeconds)
 
 int main(int argc, char** argv)
 {
-    // For instruction counts: a library written, or one file converted once into the sink.
+    // For instruction counts: a library written, or one file converted once into the sink; or the
+    // allocation counts alone.
     const std::string mode = argc > 1 ? argv[1] : "";
     if (mode == "--write" && argc == 4) return writeGeneratedLibrary(argv[3], std::atoi(argv[2])) ? 0 : 1;
     if (mode == "--convert" && argc == 3) {
@@ -261,8 +262,15 @@ int main(int argc, char** argv)
         convertIntoPieces(argv[2], sink);
         return sink.taken > 0 ? 0 : 1;
     }
+    if (mode == "--allocations" && argc == 2) {
+        const fs::path dir = fs::temp_directory_path() / "cindrel_allocation_count";
+        fs::create_directories(dir);
+        const bool ok = reportAllocations(dir);
+        fs::remove_all(dir);
+        return ok ? 0 : 1;
+    }
     if (argc > 1) {
-        std::fprintf(stderr, "usage: conversion_bench [--write MATERIALS FILE | --convert FILE]\n");
+        std::fprintf(stderr, "usage: conversion_bench [--write MATERIALS FILE | --convert FILE | --allocations]\n");
         return 2;
     }
 
