@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <deque>
 #include <map>
 #include <vector>
 
@@ -112,12 +113,14 @@ std::string describeEnd(int status)
     return "ended before the file's end";
 }
 
+// Jobs sent to a worker ahead of the one it is on, so that it never waits for the next.
+constexpr std::size_t jobsQueuedPerWorker = 2;
+
 struct Worker {
     pid_t pid = -1;
     int tasks = -1;    // write end: the indices of its jobs
     int results = -1;  // read end: its frames
-    bool busy = false;
-    std::size_t job = 0;
+    std::deque<std::size_t> jobs;  // sent to it, the first under way
     std::string unread;  // bytes of a frame not yet whole
 };
 
@@ -149,7 +152,7 @@ public:
             while (workers.size() < size && next < count && start()) {}
             if (workers.empty()) return false;
             for (Worker& worker : workers)
-                if (!worker.busy && next < count && next < head + size * jobsAheadPerWorker) assign(worker, next++);
+                while (worker.jobs.size() < jobsQueuedPerWorker && hasWork(count)) assign(worker, takeWork());
 
             Pending& first = pending[head];
             for (int stream = 0; stream < 2; ++stream) pass(stream, first.held[stream].data(), first.held[stream].size());
@@ -209,12 +212,26 @@ private:
         return false;
     }
 
+    // A job to begin: one given back by a worker that died before it, else the next, within the
+    // window ahead of the first job not yet passed on.
+    bool hasWork(std::size_t count) const
+    {
+        return !givenBack.empty() || (next < count && next < head + size * jobsAheadPerWorker);
+    }
+
+    std::size_t takeWork()
+    {
+        if (givenBack.empty()) return next++;
+        const std::size_t index = givenBack.front();
+        givenBack.pop_front();
+        return index;
+    }
+
     void assign(Worker& worker, std::size_t index)
     {
         const uint64_t sent = index;
         pending[index];
-        worker.busy = true;
-        worker.job = index;
+        worker.jobs.push_back(index);
         // A worker that cannot take it has died: its end, read from its results, reports the job.
         writeAll(worker.tasks, &sent, sizeof sent);
     }
@@ -243,15 +260,15 @@ private:
             FrameHeader header;
             std::memcpy(&header, worker.unread.data() + at, sizeof header);
             if (header.kind == jobEnd) {
-                Pending& job = pending[worker.job];
+                Pending& job = pending[worker.jobs.front()];
                 job.done = true;
                 job.status = static_cast<int>(header.value);
-                worker.busy = false;
+                worker.jobs.pop_front();
                 at += sizeof header;
                 continue;
             }
             if (worker.unread.size() - at - sizeof header < header.value) break;
-            deliver(worker.job, header.kind == standardOutput ? 0 : 1, worker.unread.data() + at + sizeof header,
+            deliver(worker.jobs.front(), header.kind == standardOutput ? 0 : 1, worker.unread.data() + at + sizeof header,
                     header.value);
             at += sizeof header + header.value;
         }
@@ -276,11 +293,15 @@ private:
                 continue;
             }
             const int status = stop(worker);
-            if (worker.busy) {
-                Pending& job = pending[worker.job];
+            if (!worker.jobs.empty()) {
+                Pending& job = pending[worker.jobs.front()];
                 job.done = true;
                 job.status = -1;
                 job.abnormalEnd = describeEnd(status);
+                worker.jobs.pop_front();
+                // The jobs it had not begun go to the others.
+                givenBack.insert(givenBack.end(), worker.jobs.begin(), worker.jobs.end());
+                std::sort(givenBack.begin(), givenBack.end());
             }
             workers.erase(workers.begin() + static_cast<std::ptrdiff_t>(i));
         }
@@ -309,6 +330,7 @@ private:
     std::map<std::size_t, Pending> pending;
     std::size_t head = 0;  // the first job not yet passed on
     std::size_t next = 0;  // the first job not yet begun
+    std::deque<std::size_t> givenBack;
 };
 
 }  // namespace
