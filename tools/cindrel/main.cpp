@@ -19,7 +19,7 @@ const char* descriptionText =
 
 const char* footerText =
     "With one FILE its XML goes to standard output as UTF-8. With several, each document on standard\n"
-    "output begins with a line \"==> PATH <==\" naming its file (a line that well-formed XML never\n"
+    "output begins with a line \"==> PATH <==\" naming its file (a line no converted document\n"
     "holds) and ends with a line end; split at those lines, or use -o for one file each.\n"
     "\n"
     "A file that is not a binary file of its kind is taken to be XML already: its text passes through\n"
