@@ -180,10 +180,7 @@ int runConversion(const ConversionSettings& settings)
     }
     for (const std::string& error : errors) std::fprintf(stderr, "cindrel: %s\n", error.c_str());
 
-    // A file refused by the plan is already reported.
-    std::vector<std::size_t> work;
-    for (std::size_t i = 0; i < inputs.size(); ++i)
-        if (settings.outputDir.empty() || !targets[i].empty() || inputs[i].kind == FileKind::Unknown) work.push_back(i);
+    const std::vector<std::size_t> work = inputsToRun(inputs, targets, !settings.outputDir.empty());
     const bool headers = settings.outputDir.empty() && inputs.size() > 1;
     const int status = runBatch(work.size(), settings.jobs, !settings.quiet && !settings.outputDir.empty(),
                                 [&](std::size_t k) { return inputs[work[k]].path; },

@@ -39,4 +39,13 @@ std::vector<fs::path> planOutputs(const fs::path& outputDir, const std::vector<I
     return targets;
 }
 
+std::vector<std::size_t> inputsToRun(const std::vector<InputFile>& inputs, const std::vector<fs::path>& targets,
+                                     bool planned)
+{
+    std::vector<std::size_t> run;
+    for (std::size_t i = 0; i < inputs.size(); ++i)
+        if (!planned || !targets[i].empty() || inputs[i].kind == FileKind::Unknown) run.push_back(i);
+    return run;
+}
+
 }  // namespace CindrelTool

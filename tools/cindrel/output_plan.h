@@ -22,4 +22,9 @@ std::vector<std::filesystem::path> planOutputs(const std::filesystem::path& outp
                                                const std::vector<InputFile>& inputs, const OutputNames& names,
                                                const std::string& action, std::vector<std::string>& errors);
 
+// The inputs a batch goes through: every one, less those a plan (when `planned`) refused and
+// reported already.
+std::vector<std::size_t> inputsToRun(const std::vector<InputFile>& inputs,
+                                     const std::vector<std::filesystem::path>& targets, bool planned);
+
 }  // namespace CindrelTool

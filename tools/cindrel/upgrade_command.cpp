@@ -148,16 +148,14 @@ int runUpgrade(const UpgradeSettings& settings)
     if (settings.inPlace) {
         for (std::size_t i = 0; i < inputs.size(); ++i) targets[i] = inputs[i].path;
     } else if (!singleTarget.empty()) {
-        targets[0] = singleTarget;
+        if (!targets.empty()) targets[0] = singleTarget;
     } else {
         const auto names = [](const InputFile& input) { return std::vector<std::string>{input.path.filename().string()}; };
         targets = planOutputs(outputDir, inputs, names, "upgraded", errors);
     }
     for (const std::string& error : errors) std::fprintf(stderr, "cindrel: %s\n", error.c_str());
 
-    std::vector<std::size_t> work;
-    for (std::size_t i = 0; i < inputs.size(); ++i)
-        if (!targets[i].empty() || inputs[i].kind == FileKind::Unknown) work.push_back(i);
+    const std::vector<std::size_t> work = inputsToRun(inputs, targets, true);
     const int status = runBatch(work.size(), settings.jobs, !settings.quiet,
                                 [&](std::size_t k) { return inputs[work[k]].path; },
                                 [&](std::size_t k) { return Upgrade(settings).run(inputs[work[k]], targets[work[k]]); });
