@@ -9,7 +9,7 @@ void addJobsOption(CLI::App& command, unsigned& jobs)
 {
     command.add_option("-j,--jobs", jobs, "N worker processes (default: one per core)")
         ->type_name("N")
-        ->check(CLI::PositiveNumber);
+        ->check(CLI::Range(1u, 1024u));
 }
 
 void reportError(const std::filesystem::path& path, const std::string& message)
