@@ -68,9 +68,11 @@ ssize_t sendFrame(void* cookie, const char* data, std::size_t size)
 {
     const auto* stream = static_cast<FrameStream*>(cookie);
     const std::size_t sent = std::min<std::size_t>(size, UINT32_MAX);
+    std::string frame(sizeof(FrameHeader) + sent, '\0');
     const FrameHeader header{stream->kind, static_cast<uint32_t>(sent)};
-    if (!writeAll(stream->fd, &header, sizeof header) || !writeAll(stream->fd, data, sent)) return -1;
-    return static_cast<ssize_t>(sent);
+    std::memcpy(frame.data(), &header, sizeof header);
+    std::memcpy(frame.data() + sizeof header, data, sent);
+    return writeAll(stream->fd, frame.data(), frame.size()) ? static_cast<ssize_t>(sent) : -1;
 }
 
 std::FILE* openFrameStream(FrameStream& stream)
