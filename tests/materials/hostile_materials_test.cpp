@@ -11,7 +11,7 @@
 #include "materials/material_layouts.h"
 #include "materials/material_reference.h"
 #include "materials/tal_mat_file.h"
-#include "materials/wrapper_test_support.h"
+#include "materials/material_test_support.h"
 
 namespace TalvexTest {
 namespace {

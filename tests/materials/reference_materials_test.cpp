@@ -7,7 +7,7 @@
 #include "materials/material_linked.h"
 #include "materials/material_multi.h"
 #include "materials/material_reference.h"
-#include "materials/wrapper_test_support.h"
+#include "materials/material_test_support.h"
 
 namespace TalvexTest {
 namespace {

@@ -11,7 +11,7 @@
 #include "materials/material_override_environment.h"
 #include "materials/material_skp2sided.h"
 #include "materials/material_toon.h"
-#include "materials/wrapper_test_support.h"
+#include "materials/material_test_support.h"
 
 namespace TalvexTest {
 namespace {

@@ -63,19 +63,6 @@ inline ByteBuilder& components(ByteBuilder& bytes, float xRotation)
 inline ByteBuilder& planarChild(ByteBuilder& bytes) { return components(transform(bytes.u32(0).tag(1), 1, 0), 0); }
 inline ByteBuilder& constantChild(ByteBuilder& b, float grey) { return b.u32(5).tag(1).floats({grey, grey, grey, 1}); }
 
-// What the first parameter labelled `label` holds between <value> and </value>, without blanks and
-// line ends; "no value" for a parameter without one, "missing" for no such parameter.
-inline std::string valueOf(const std::string& xml, const std::string& label)
-{
-    const auto at = xml.find("label=\"" + label + "\">");
-    if (at == std::string::npos) return "missing";
-    const auto open = xml.find("<value>", at);
-    if (open > xml.find("</parameter>", at)) return "no value";
-    std::string value = xml.substr(open + 7, xml.find("</value>", open) - open - 7);
-    std::erase_if(value, [](char c) { return c == ' ' || c == '\n'; });
-    return value;
-}
-
 // Whether assets of these urls all stand in the text, in this order.
 inline bool assetsInOrder(const std::string& xml, std::initializer_list<std::string> urls)
 {
@@ -83,14 +70,6 @@ inline bool assetsInOrder(const std::string& xml, std::initializer_list<std::str
     for (const auto& url : urls)
         if ((from = xml.find("url=\"" + url + "\" ", from)) == std::string::npos) return false;
     return true;
-}
-
-template <class T>
-std::shared_ptr<T> readFrom(const ByteBuilder& bytes)
-{
-    auto archive = bytes.archive();
-    auto object = std::make_shared<T>();
-    return object->readBinary(archive) ? object : nullptr;
 }
 
 // How many bytes a write that must fail leaves in the archive.
