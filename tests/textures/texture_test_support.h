@@ -19,7 +19,6 @@
 namespace TalvexTest {
 
 using Floats = std::vector<float>;
-using Ints = std::vector<int32_t>;
 
 inline std::shared_ptr<TalvexCore::AColorTexture> constant(float grey)
 {
@@ -53,14 +52,7 @@ inline ByteBuilder& transform(ByteBuilder& b, float s, float o)
     return b.floats({s, 0, 0, 0, s, 0, 0, 0, s, o, o, o});
 }
 
-// A component record at the defaults but for its x rotation and its z mirror.
-inline ByteBuilder& components(ByteBuilder& bytes, float xRotation)
-{
-    return bytes.tag(1).floats({xRotation, 0, 0, 1, 1, 1, 0, 0, 0}).i32(0).i32(0).i32(1);
-}
-
-// Required children: a planar world generator, a constant grey.
-inline ByteBuilder& planarChild(ByteBuilder& bytes) { return components(transform(bytes.u32(0).tag(1), 1, 0), 0); }
+// A required child holding a constant grey.
 inline ByteBuilder& constantChild(ByteBuilder& b, float grey) { return b.u32(5).tag(1).floats({grey, grey, grey, 1}); }
 
 // Whether assets of these urls all stand in the text, in this order.
