@@ -146,7 +146,11 @@ TEST(AnimatedValues, RecordsWriteBackByteForByteAndRefuseBadHeaders)
         ByteBuilder().tag(1).i32(1).i32(4).boolean(false).f64(0).f32(1),  // a time is not 8 bytes wide
         ByteBuilder().tag(1).i32(1000000).i32(8).boolean(false).f64(0).f32(1),  // more keys than bytes
     };
-    for (const ByteBuilder& bytes : refused) EXPECT_FALSE(readFrom<AnimatedReal>(bytes));
+    for (const ByteBuilder& bytes : refused) {
+        QuickArchive damaged = bytes.archive();
+        EXPECT_FALSE(AnimatedReal().readBinary(damaged));
+        EXPECT_TRUE(damaged.failure()) << "a refusal names its reason";
+    }
     AnimatedReal negative;
     EXPECT_TRUE(load(negative, ByteBuilder().tag(1).i32(-5).i32(8).boolean(true)));
     EXPECT_EQ(negative.keyCount(), 1);
