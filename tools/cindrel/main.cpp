@@ -10,12 +10,13 @@
 #include <string>
 #include <vector>
 
+#include "archive/file_path.h"
 #include "archive/regular_file.h"
-#include "archive/text_conversion.h"
 #include "input_files.h"
 #include "module/material_conversion.h"
 #include "module/options_conversion.h"
 #include "output_file.h"
+#include "utf8_console.h"
 #include "utf8_output.h"
 
 namespace fs = std::filesystem;
@@ -73,7 +74,7 @@ int usageError(const std::string& message)
 // Writes the XML of one file through `output`; what the conversion made of it and found wrong.
 ConversionOutcome convertFile(const InputFile& input, Utf8Output& output, ConversionNotes& notes)
 {
-    const std::u16string path = TalvexCore::fileNameToWide(input.path.native());
+    const std::u16string path = TalvexCore::widePath(input.path);
     std::string text;
     const auto sink = [&output](std::string& t) { output.take(t); };
     ConversionOutcome outcome;
@@ -82,10 +83,16 @@ ConversionOutcome convertFile(const InputFile& input, Utf8Output& output, Conver
     } else {
         outcome = TalvexCore::writeOptionsFileXml(path, text, sink);
         if (outcome == ConversionOutcome::Unreadable)
-            notes.unreadableReason = TalvexCore::RegularFile(input.path.native()).failureReason();
+            notes.unreadableReason = TalvexCore::RegularFile(path).failureReason();
     }
     output.take(text, true);
     return outcome;
+}
+
+// A path in a message: the bytes of its name, UTF-8 on Windows.
+std::string shown(const fs::path& path)
+{
+    return TalvexCore::fileNameBytes(path);
 }
 
 const char* kindName(FileKind kind)
@@ -99,7 +106,7 @@ public:
     void show(std::size_t index, const fs::path& path)
     {
         if (!enabled) return;
-        std::fprintf(stderr, "\r\033[K[%zu/%zu] %s", index + 1, total, path.filename().c_str());
+        std::fprintf(stderr, "\r\033[K[%zu/%zu] %s", index + 1, total, shown(path.filename()).c_str());
         std::fflush(stderr);
     }
     void clear()
@@ -125,15 +132,17 @@ std::vector<fs::path> planOutputs(const Settings& settings, const std::vector<In
         const InputFile& input = inputs[i];
         if (input.kind == FileKind::Unknown) continue;
         const fs::path dir = settings.outputDir / input.relativeDir;
-        fs::path candidate = dir / (input.path.stem().string() + ".xml");
+        fs::path candidate = dir / input.path.stem();
+        candidate += ".xml";
         auto owner = taken.find(candidate);
         if (owner != taken.end() && inputs[owner->second].path.filename() != input.path.filename()) {
-            candidate = dir / (input.path.filename().string() + ".xml");
+            candidate = dir / input.path.filename();
+            candidate += ".xml";
             owner = taken.find(candidate);
         }
         if (owner != taken.end()) {
-            errors.push_back(input.path.string() + ": not converted: its output " + candidate.string() +
-                             " is already the output of " + inputs[owner->second].path.string() +
+            errors.push_back(shown(input.path) + ": not converted: its output " + shown(candidate) +
+                             " is already the output of " + shown(inputs[owner->second].path) +
                              " (convert it into another folder)");
             continue;
         }
@@ -166,7 +175,7 @@ public:
     void error(const fs::path& path, const std::string& message)
     {
         progress.clear();
-        std::fprintf(stderr, "cindrel: %s: %s\n", path.c_str(), message.c_str());
+        std::fprintf(stderr, "cindrel: %s: %s\n", shown(path).c_str(), message.c_str());
         failed = true;
     }
 
@@ -174,7 +183,7 @@ public:
     {
         if (settings.quiet) return;
         progress.clear();
-        std::fprintf(stderr, "cindrel: %s: %s\n", path.c_str(), message.c_str());
+        std::fprintf(stderr, "cindrel: %s: %s\n", shown(path).c_str(), message.c_str());
     }
 
     // Closes standard output; the exit status of the whole batch.
@@ -208,7 +217,7 @@ private:
         fs::create_directories(target.parent_path(), ec);
         OutputFile file(target);
         if (!file.open()) {
-            error(input.path, "cannot write " + target.string() + ": " + file.error());
+            error(input.path, "cannot write " + shown(target) + ": " + file.error());
             return;
         }
         Utf8Output output(file.file());
@@ -220,7 +229,7 @@ private:
             return;
         }
         if (!file.commit(output.error())) {
-            error(input.path, "cannot write " + target.string() + ": " + file.error());
+            error(input.path, "cannot write " + shown(target) + ": " + file.error());
             return;
         }
         report(input, outcome, notes, output, target);
@@ -258,7 +267,7 @@ private:
                                  " character(s) that XML 1.0 does not allow; they are kept as they are");
         if (settings.toDirectory) {
             progress.clear();
-            std::printf("%s -> %s (%s)\n", input.path.c_str(), target.c_str(),
+            std::printf("%s -> %s (%s)\n", shown(input.path).c_str(), shown(target).c_str(),
                         outcome == ConversionOutcome::Binary ? "converted" : "passed through as text");
             std::fflush(stdout);
         }
@@ -291,6 +300,9 @@ int run(const Settings& settings)
 
 int main(int argc, char** argv)
 {
+    Utf8Console console(argc, argv);
+    argc = console.argc();
+    argv = console.argv();
     Settings settings;
     bool optionsEnded = false;
     for (int i = 1; i < argc; ++i) {
@@ -310,9 +322,9 @@ int main(int argc, char** argv)
         } else if (!optionsEnded && (argument == "-o" || argument.rfind("--output=", 0) == 0)) {
             if (argument == "-o") {
                 if (++i >= argc) return usageError("-o needs a folder");
-                settings.outputDir = argv[i];
+                settings.outputDir = TalvexCore::filePath(argv[i]);
             } else {
-                settings.outputDir = argument.substr(9);
+                settings.outputDir = TalvexCore::filePath(argument.substr(9));
             }
             settings.toDirectory = true;
         } else if (!optionsEnded && argument.size() > 1 && argument[0] == '-') {

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace CindrelTool {
 
@@ -29,9 +30,10 @@ public:
 
 private:
     bool fail(int number);
+    bool fail(const std::error_code& error);
 
     std::filesystem::path target;
-    std::string temporary;
+    std::filesystem::path temporary;
     std::FILE* stream = nullptr;
     std::string reason;
 };
