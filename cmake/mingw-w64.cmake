@@ -1,7 +1,7 @@
 # Cross-building for 64-bit Windows with mingw-w64 (Debian's g++-mingw-w64-x86-64-posix):
-#   cmake -S . -B build-windows -G Ninja -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake
+#   cmake -S . -B build-windows -G Ninja -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake -DCINDREL_PYTHON=OFF
 # The programs link their runtime statically, so that they run under wine64 or on Windows with no
-# DLL beside them.
+# DLL beside them; ctest runs the unit tests through wine64 where it is installed.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)

@@ -7,12 +7,31 @@ namespace TalvexCore {
 std::filesystem::path filePath(const std::u16string& path)
 {
 #ifdef _WIN32
-    // The path up to its first zero character, as the narrow form is.
     const std::u16string_view units(path.c_str());
     return std::filesystem::path(std::wstring(units.begin(), units.end()));
 #else
-    return std::filesystem::path(wideToNarrow(path));
+    return std::filesystem::path(wideToFileName(path));
 #endif
+}
+
+std::u16string widePath(const std::filesystem::path& path)
+{
+#ifdef _WIN32
+    const std::wstring& units = path.native();
+    return std::u16string(units.begin(), units.end());
+#else
+    return fileNameToWide(path.native());
+#endif
+}
+
+std::filesystem::path filePath(std::string_view nameBytes)
+{
+    return filePath(fileNameToWide(nameBytes));
+}
+
+std::string fileNameBytes(const std::filesystem::path& path)
+{
+    return wideToFileName(widePath(path));
 }
 
 }  // namespace TalvexCore

@@ -7,6 +7,7 @@
 #include <istream>
 #include <ostream>
 
+#include "archive/file_path.h"
 #include "archive/regular_file.h"
 #include "archive/text_conversion.h"
 
@@ -308,18 +309,19 @@ bool QuickArchive::readFromStream(std::istream& in)
 
 bool QuickArchive::writeToFile(const std::u16string& path) const
 {
-    return writeToFile(wideToFileName(path));
+    std::ofstream out(filePath(path), std::ios::binary);
+    return out.is_open() && writeToStream(out);
 }
 
 bool QuickArchive::writeToFile(const std::string& path) const
 {
-    std::ofstream out(path, std::ios::binary);
-    return out.is_open() && writeToStream(out);
+    return writeToFile(fileNameToWide(path));
 }
 
 bool QuickArchive::readFromFile(const std::u16string& path)
 {
-    return readFromFile(wideToFileName(path));
+    RegularFile file(path);
+    return file.isOpen() && readFromStream(file.stream());
 }
 
 bool QuickArchive::readFromFile(const std::string& path)

@@ -4,10 +4,10 @@
 #include <istream>
 #include <ostream>
 
+#include "archive/file_path.h"
 #include "archive/quick_archive.h"
 #include "archive/regular_file.h"
 #include "archive/stream_bytes.h"
-#include "archive/text_conversion.h"
 #include "options/all_options.h"
 
 namespace TalvexCore {
@@ -16,7 +16,7 @@ bool TalOptFile::save(const AllOptions& options, const std::u16string& path)
 {
     QuickArchive archive(1);
     if (!options.writeBinary(archive)) return false;
-    std::ofstream out(wideToFileName(path), std::ios::binary);
+    std::ofstream out(filePath(path), std::ios::binary);
     if (!out.is_open()) return false;
     const QuickArchive::Block zeros{};
     for (uint64_t i = 0; i < archive.blockCount(); ++i) {

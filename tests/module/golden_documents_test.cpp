@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -14,10 +13,11 @@
 #include <string>
 #include <vector>
 
-#include "archive/text_conversion.h"
+#include "archive/file_path.h"
 #include "module/file_routing.h"
 #include "module/material_conversion.h"
 #include "module/options_conversion.h"
+#include "support/tool_run.h"
 
 namespace fs = std::filesystem;
 using namespace TalvexCore;
@@ -32,7 +32,7 @@ std::vector<fs::path> exampleFiles()
     std::vector<fs::path> files;
     if (!fs::is_directory(examplesDir)) return files;
     for (const auto& entry : fs::recursive_directory_iterator(examplesDir)) {
-        const std::u16string wide = narrowToWide(entry.path().string());
+        const std::u16string wide = widePath(entry.path());
         if (entry.is_regular_file() && (isMaterialFilePath(wide) || isOptionsFilePath(wide)))
             files.push_back(entry.path());
     }
@@ -42,7 +42,8 @@ std::vector<fs::path> exampleFiles()
 
 fs::path goldenFor(const fs::path& example)
 {
-    return goldenDir / (example.lexically_relative(examplesDir).string() + ".xml");
+    fs::path golden = goldenDir / example.lexically_relative(examplesDir);
+    return golden += ".xml";
 }
 
 std::string readFile(const fs::path& path)
@@ -55,20 +56,8 @@ std::string readFile(const fs::path& path)
 
 std::string convertToUtf8(const fs::path& example)
 {
-    const std::u16string path = narrowToWide(example.string());
+    const std::u16string path = widePath(example);
     return isMaterialFilePath(path) ? materialFileToXml(path) : optionsFileToXml(path);
-}
-
-std::string commandOutput(const std::string& command)
-{
-    std::string output;
-    if (std::FILE* pipe = popen(command.c_str(), "r")) {
-        char buffer[65536];
-        std::size_t n;
-        while ((n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) output.append(buffer, n);
-        pclose(pipe);
-    }
-    return output;
 }
 
 // Each example's text by one route against its golden document.
@@ -100,10 +89,10 @@ TEST(GoldenDocuments, TheLibraryGivesEveryExampleItsGoldenDocument)
 
 TEST(GoldenDocuments, TheCommandGivesEveryExampleItsGoldenDocument)
 {
-    const char* tool = std::getenv("CINDREL_TOOL");
-    if (tool == nullptr) GTEST_SKIP() << "CINDREL_TOOL is not set";
-    expectGoldenDocuments([tool](const fs::path& example) {
-        return commandOutput(std::string("'") + tool + "' -q '" + example.string() + "' 2>/dev/null");
+    if (TalvexTest::toolPath() == nullptr) GTEST_SKIP() << "CINDREL_TOOL is not set";
+    expectGoldenDocuments([](const fs::path& example) {
+        const auto run = TalvexTest::runTool({"-q", fileNameBytes(example)});
+        return run ? run->output : std::string("(the command did not start)");
     });
 }
 

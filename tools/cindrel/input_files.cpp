@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <system_error>
 
-#include "archive/text_conversion.h"
+#include "archive/file_path.h"
 #include "module/file_routing.h"
 
 namespace CindrelTool {
@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 FileKind kindOf(const fs::path& path)
 {
-    const std::u16string wide = TalvexCore::fileNameToWide(path.native());
+    const std::u16string wide = TalvexCore::widePath(path);
     if (TalvexCore::isMaterialFilePath(wide)) return FileKind::Material;
     if (TalvexCore::isOptionsFilePath(wide)) return FileKind::Options;
     return FileKind::Unknown;
@@ -30,7 +30,7 @@ std::vector<InputFile> collectInputs(const std::vector<std::string>& arguments, 
 {
     std::vector<InputFile> inputs;
     for (const std::string& argument : arguments) {
-        const fs::path root(argument);
+        const fs::path root = TalvexCore::filePath(argument);
         std::error_code ec;
         if (!fs::is_directory(root, ec)) {
             inputs.push_back({root, {}, kindOf(root)});

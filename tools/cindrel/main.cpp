@@ -6,6 +6,7 @@
 #include "command_line.h"
 #include "convert_command.h"
 #include "upgrade_command.h"
+#include "utf8_console.h"
 
 using namespace CindrelTool;
 
@@ -43,6 +44,9 @@ const char* footerText =
 
 int main(int argc, char** argv)
 {
+    Utf8Console console(argc, argv);
+    argc = console.argc();
+    argv = console.argv();
     CLI::App command(descriptionText, "cindrel");
     command.footer(footerText);
     command.set_version_flag("--version", versionText);

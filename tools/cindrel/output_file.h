@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace CindrelTool {
 
@@ -21,7 +22,7 @@ public:
     bool open();
     std::FILE* file() const { return stream; }
     // The name the file has until it is committed, for a writer that opens it by name.
-    const std::string& temporaryName() const { return temporary; }
+    const std::filesystem::path& temporaryName() const { return temporary; }
     // Flushes, closes and renames into place; false, removing the temporary, with the reason.
     // `writeError` is the error number of a write that already failed, or 0.
     bool commit(int writeError);
@@ -31,9 +32,10 @@ public:
 
 private:
     bool fail(int number);
+    bool fail(const std::error_code& error);
 
     std::filesystem::path target;
-    std::string temporary;
+    std::filesystem::path temporary;
     std::FILE* stream = nullptr;
     std::string reason;
 };

@@ -10,6 +10,7 @@
 #include <new>
 #include <sstream>
 
+#include "archive/file_path.h"
 #include "archive/text_conversion.h"
 #include "batch_runner.h"
 #include "file_conversion.h"
@@ -45,7 +46,7 @@ bool saveNewest(const InputFile& input, OutputFile& file)
     TalvexCore::AllOptions options;
     TalvexCore::TalOptFile options_file;
     return options_file.load(options, path) &&
-           options_file.save(options, TalvexCore::fileNameToWide(file.temporaryName()));
+           options_file.save(options, TalvexCore::widePath(file.temporaryName()));
 }
 
 // Where two texts first differ, for the message of a refused upgrade.

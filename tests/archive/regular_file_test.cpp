@@ -1,0 +1,45 @@
+// Only regular files open: a device or a folder is refused at once with the reason, and a file that
+// another writer holds open still opens for reading.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "archive/file_path.h"
+#include "archive/regular_file.h"
+
+namespace fs = std::filesystem;
+using namespace TalvexCore;
+
+TEST(RegularFile, DevicesAndFoldersAreRefusedWithTheirReason)
+{
+#ifdef _WIN32
+    RegularFile device(u"NUL");
+#else
+    RegularFile device(u"/dev/null");
+#endif
+    EXPECT_FALSE(device.isOpen());
+    EXPECT_EQ(device.failureReason(), "not a regular file");
+    EXPECT_EQ(device.stream().get(), std::char_traits<char>::eof());
+
+    const fs::path folder = fs::path(::testing::TempDir()) / "cindrel_regular_file";
+    fs::create_directories(folder);
+    RegularFile asFile(widePath(folder));
+    EXPECT_FALSE(asFile.isOpen());
+    RegularFile missing(widePath(folder / "missing.talmat"));
+    EXPECT_FALSE(missing.isOpen());
+    EXPECT_NE(asFile.failureReason(), missing.failureReason());
+    EXPECT_NE(missing.failureReason(), "not a regular file");
+
+    {
+        std::ofstream writer(folder / "written.talmat", std::ios::binary);
+        writer << "bytes" << std::flush;
+        RegularFile reader(widePath(folder / "written.talmat"));
+        ASSERT_TRUE(reader.isOpen()) << reader.failureReason();
+        const std::string text{std::istreambuf_iterator<char>(reader.stream()), {}};
+        EXPECT_EQ(text, "bytes");
+    }
+    fs::remove_all(folder);
+}
