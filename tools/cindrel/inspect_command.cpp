@@ -147,8 +147,10 @@ std::string failureText(const Inspection& result)
                                 : std::string("the load stops, and no reason was noted");
 }
 
+// The tolerant reads go on past the end of the data; a file they do so in is likely cut short.
 const char* pastEndWarning = "warning: the reads went on past the end of the data: the file may be cut short, "
                              "and values read there are not the file's";
+const char* pastEndBeforeStop = "the reads had gone past the end of the data: the file is likely cut short";
 
 void writeText(const Inspection& result, bool quiet, std::ostream& out)
 {
@@ -167,6 +169,7 @@ void writeText(const Inspection& result, bool quiet, std::ostream& out)
             << " bytes\n";
     }
     if (result.verdict == Verdict::Damaged) out << "  " << failureText(result) << '\n';
+    if (result.verdict == Verdict::Damaged && result.trace.readPastEnd) out << "  " << pastEndBeforeStop << '\n';
     if (result.verdict == Verdict::Loaded && result.trace.readPastEnd) out << "  " << pastEndWarning << '\n';
 }
 
