@@ -146,7 +146,8 @@ TEST_F(InspectCommand, TextShowsTheContainerAndTheObjectTree)
 }
 
 // Damaged files: where the load stops and why, the same failure the conversion notes; a text file
-// passes, a missing one is unreadable; any failure makes the status 1. Quiet keeps only the failures.
+// passes, a missing one is unreadable, a folder with nothing to inspect says so; any failure makes the
+// status 1. Quiet keeps only the failures.
 TEST_F(InspectCommand, DamagedFilesSayWhereAndWhy)
 {
     const std::string unknownId = damaged("unknown_id.talmat", "single_layer.talmat", 12, 99);
@@ -195,4 +196,8 @@ TEST_F(InspectCommand, DamagedFilesSayWhereAndWhy)
         << quiet.out;
     EXPECT_EQ(quiet.out.find(text), std::string::npos);
     EXPECT_EQ(inspect({text}, false).status, 0);
+    fs::create_directory(folder / "empty");
+    const Report nothing = inspect({(folder / "empty").string()}, false);
+    EXPECT_EQ(nothing.status, 1);
+    EXPECT_NE(nothing.err.find("no material or options file"), std::string::npos);
 }

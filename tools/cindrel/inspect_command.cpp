@@ -227,6 +227,10 @@ int runInspect(const std::vector<std::string>& paths, bool asJson, bool quiet, s
     std::vector<std::string> errors;
     const std::vector<InputFile> inputs = collectInputs(paths, errors);
     for (const std::string& error : errors) err << "cindrel: " << error << '\n';
+    if (inputs.empty() && errors.empty()) {
+        err << "cindrel: no material or options file (.talmat, .numat, .talopt, .nuopt) to inspect\n";
+        return 1;
+    }
     bool failed = !errors.empty();
     for (const InputFile& input : inputs) {
         const Inspection result = inspect(input);
