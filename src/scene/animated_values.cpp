@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
 #include <type_traits>
 
 #include "archive/quick_archive.h"
@@ -44,12 +45,20 @@ bool readKeys(QuickArchive& in, bool* interpolate, SetKey setKey)
 {
     if (!readVersion(in, {RecordVersion})) return false;
     int32_t count = 0, width = 0;
+    const uint64_t countAt = in.readPosition();
     in.readI32(count);
     in.readI32(width);
-    if (width != TimeWidth) return false;
+    if (width != TimeWidth) {
+        in.noteFailure(countAt + 4, "a time width of " + std::to_string(width) + " bytes, not 8");
+        return false;
+    }
     if (interpolate) in.readBool(*interpolate);
     if (count <= 0) return true;
-    if (!in.countFits(static_cast<uint64_t>(count), TimeWidth + sizeof(V))) return false;
+    if (!in.countFits(static_cast<uint64_t>(count), TimeWidth + sizeof(V))) {
+        in.noteFailure(countAt, "a count of " + std::to_string(count) + " keys that the " +
+                                    std::to_string(in.dataLeft()) + " bytes left cannot hold");
+        return false;
+    }
     for (int32_t i = 0; i < count; ++i) {
         double time = 0;
         V value{};

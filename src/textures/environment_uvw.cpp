@@ -1,5 +1,7 @@
 #include "textures/environment_uvw.h"
 
+#include <string>
+
 #include "records/record_io.h"
 #include "records/shared_constants.h"
 #include "textures/base_texture.h"
@@ -39,8 +41,12 @@ bool GenEnvironmentUVW::readBinary(QuickArchive& in)
     if (!version) return false;
     in.readMatrix(uvwMatrix);
     int32_t type = mapping_type;
+    const uint64_t at = in.readPosition();
     in.readI32(type);
-    if (!knownMappingType(type)) return false;
+    if (!knownMappingType(type)) {
+        in.noteFailure(at, "mapping type " + std::to_string(type) + " names no projection");
+        return false;
+    }
     mapping_type = type;
     if (*version == 2) return uvwComponents.readBinary(in);
     in.readF32(uvwComponents.z_rotation); in.readF32(uvwComponents.x_rotation);

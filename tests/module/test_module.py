@@ -95,6 +95,9 @@ class ModuleTest(unittest.TestCase):
             ("empty file", b"", ""),
             ("byte order mark", b"\xef\xbb\xbf<a/>", "\ufeff<a/>"),
             ("zero byte", b"<a>\x00</a>", "<a>"),
+            ("line ends as stored", b"<a>\r\n<b/>\r</a>\n", "<a>\r\n<b/>\r</a>\n"),
+            # UTF-16 is not recognised: its bytes decode one by one, up to the first zero byte.
+            ("utf-16 with its mark", b"\xff\xfe<\x00a\x00/\x00>\x00", "\u00ff\u00fe<"),
             ("windows-1252", b"<a>caf\xe9 \x80</a>", "<a>caf\u00e9 \u20ac</a>"),
             ("beyond the basic plane", b"<a>\xf0\x9f\x98\x80\xf4\x8f\xbf\xbf</a>", "<a>\U0001F600\U0010FFFF</a>"),
         ]

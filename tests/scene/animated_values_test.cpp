@@ -161,6 +161,7 @@ TEST(AnimatedValues, RecordsWriteBackByteForByteAndRefuseBadHeaders)
         AnimatedReal target;
         QuickArchive damaged = bytes.archive();
         EXPECT_FALSE(target.readBinary(damaged));
+        EXPECT_TRUE(damaged.failure()) << "a refusal names its reason";
     }
     AnimatedReal negative;
     QuickArchive negativeCount = ByteBuilder().tag(1).i32(-5).i32(8).boolean(true).archive();

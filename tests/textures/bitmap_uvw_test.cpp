@@ -120,9 +120,12 @@ TEST(GenEnvironmentUVW, Version1AndTheMappingTypeNames)
         byHand.mapping_type = type;
         EXPECT_EQ(valueOf(xmlOf(byHand), "mapping_type"), names[std::min(type, 4)]);
     }
-    for (int32_t type : {-1, 4, 0x7FFFFFFF})
-        EXPECT_FALSE(readFrom<GenEnvironmentUVW>(
-            ByteBuilder().tag(1).floats({1, 0, 0, 0, 1, 0, 0, 0, 1}).i32(type).floats({0, 0}).i32(0).i32(0))) << type;
+    for (int32_t type : {-1, 4, 0x7FFFFFFF}) {
+        QuickArchive in = ByteBuilder().tag(1).floats({1, 0, 0, 0, 1, 0, 0, 0, 1}).i32(type).floats({0, 0}).i32(0).i32(0).archive();
+        EXPECT_FALSE(GenEnvironmentUVW().readBinary(in)) << type;
+        ASSERT_TRUE(in.failure()) << type;
+        EXPECT_EQ(in.failure()->offset, 40u) << "the stored type, after the tag and the matrix";
+    }
 }
 
 // The object generator goes back to its defaults when it reads, even a record it refuses; the
