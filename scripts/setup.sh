@@ -6,7 +6,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 needed=(g++ cmake ninja-build libgtest-dev libbenchmark-dev python3-dev libxml2-utils
-        python3-setuptools python3-wheel python3-pip python3-dask python3-distributed nlohmann-json3-dev)
+        python3-setuptools python3-wheel python3-pip python3-dask python3-distributed
+        libcli11-dev nlohmann-json3-dev)
 missing=()
 for package in "${needed[@]}"; do
   dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" || missing+=("$package")

@@ -54,8 +54,7 @@ TEST(GlassBRDF, Versions2And5AndAReusedLayer)
     EXPECT_EQ(layer->name, u"BRDFRefraction");
 
     layer->name = u"Ice";
-    QuickArchive in = glassHead(1).archive();
-    EXPECT_TRUE(layer->readBinary(in));
+    EXPECT_TRUE(load(*layer, glassHead(1)));
     EXPECT_TRUE(layer->ior == 1.4f);
     EXPECT_TRUE(layer->color_tex_mult == 3);
     EXPECT_EQ(layer->transparency, (Color{0.2f, 0.3f, 0.4f}));
@@ -91,8 +90,7 @@ TEST(MirrorBRDF, Versions1To5AndTheFresnelSwitch)
     Mirror_BRDF fresh;
     ASSERT_GT(fresnelIor(fresh.transparency_tex), 0);
     ByteBuilder v5 = ByteBuilder().tag(5).color(1, 1, 1).color(1, 1, 1).floats({1, 0.01f}).u32(1).f32(1);
-    QuickArchive in = v5.boolean(false).boolean(false).append(baseRecord("M")).archive();
-    EXPECT_TRUE(fresh.readBinary(in));
+    EXPECT_TRUE(load(fresh, v5.boolean(false).boolean(false).append(baseRecord("M"))));
     EXPECT_TRUE(!fresh.transparency_tex);
 }
 
@@ -111,8 +109,7 @@ TEST(PhongBlinnBRDF, Versions1To4)
 {
     Phong_BRDF phong;
     ASSERT_GT(fresnelIor(phong.transparency_tex), 0);
-    QuickArchive in = glossyHead(1, 1.6f, 0).archive();
-    EXPECT_TRUE(phong.readBinary(in));
+    EXPECT_TRUE(load(phong, glossyHead(1, 1.6f, 0)));
     EXPECT_TRUE(!phong.transparency_tex);
     EXPECT_TRUE(phong.back_side == 1);
     EXPECT_TRUE(phong.aux_int == 11);

@@ -11,7 +11,7 @@
 #include "materials/material_layouts.h"
 #include "materials/material_reference.h"
 #include "materials/tal_mat_file.h"
-#include "materials/wrapper_test_support.h"
+#include "materials/material_test_support.h"
 
 namespace TalvexTest {
 namespace {
@@ -44,13 +44,6 @@ std::string materialFile(uint32_t typeId, const ByteBuilder& record)
     return out.str();
 }
 
-std::size_t count(const std::string& text, const std::string& piece)
-{
-    std::size_t n = 0;
-    for (auto at = text.find(piece); at != std::string::npos; at = text.find(piece, at + 1)) ++n;
-    return n;
-}
-
 std::shared_ptr<MaterialBump> bumpChain(int depth)
 {
     MaterialPtr inner = layeredWith(u"Core", u"Paint");
@@ -71,11 +64,9 @@ TEST_F(HostileMaterials, NestingDepthIsBoundedAlikeForLoadingAndSaving)
     TalMatFile file;
     ASSERT_TRUE(file.load(insideFile));
     EXPECT_EQ(bytesOf(*file.materials[0]), inside.bytes);
-    std::u16string text;
-    AssetXmlWriter writer(text);
-    writeMaterialAssets(writer, file.materials[0]);
-    EXPECT_TRUE(has(wideToNarrow(text), "url=\"/Bump1\" >"));
-    EXPECT_EQ(count(wideToNarrow(text), "name=\"bump_on\""), 1u);
+    const std::string text = assetsOf(file.materials[0]);
+    EXPECT_TRUE(has(text, "url=\"/Bump1\" >"));
+    EXPECT_EQ(countOf(text, "name=\"bump_on\""), 1u);
 
     // Far past it, the load fails cleanly.
     std::istringstream deepFile(materialFile(3, nestedBumps(5000)));
@@ -103,10 +94,7 @@ TEST_F(HostileMaterials, ReferenceThatReachesItselfThroughTheScene)
     QuickArchive out(1);
     EXPECT_FALSE(reference->writeBinary(out));
     EXPECT_EQ(reference->embedded, reference);
-    std::u16string text;
-    AssetXmlWriter writer(text);
-    writeMaterialAssets(writer, reference);
-    EXPECT_EQ(wideToNarrow(text), "  <Assets>\n  </Assets>\n");
+    EXPECT_EQ(assetsOf(reference), "  <Assets>\n  </Assets>\n");
     reference->embedded = nullptr;  // the loop would outlive the test
 }
 
@@ -124,10 +112,8 @@ TEST_F(HostileMaterials, BranchingLoopThroughTheSceneEndsInTime)
     EXPECT_FALSE(blend->isEqual(blend->clone()));
     QuickArchive out(1);
     EXPECT_FALSE(blend->writeBinary(out));
-    std::u16string text;
-    AssetXmlWriter writer(text);
-    writeMaterialAssets(writer, blend);
-    blend->writeXml(writer, u"");
+    assetsOf(blend);
+    xmlOf(*blend);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
     for (const MaterialPtr& side : {blend->mtl_one, blend->mtl_two})
         std::static_pointer_cast<MaterialReference>(side)->embedded = nullptr;

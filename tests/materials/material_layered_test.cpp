@@ -75,8 +75,7 @@ TEST_F(MaterialLayered, OlderVersions)
 TEST_F(MaterialLayered, RefusedRecordsEndTheLoad)
 {
     auto material = twoLayers();
-    QuickArchive in = ByteBuilder().u32(0x40001).archive();
-    EXPECT_FALSE(material->readBinary(in));
+    EXPECT_FALSE(load(*material, ByteBuilder().u32(0x40001)));
     EXPECT_TRUE(material->brdfs.empty());
     EXPECT_TRUE(material->double_sided == 1);
     EXPECT_TRUE(material->uuid.empty());
@@ -145,14 +144,12 @@ TEST_F(MaterialSingle, RecordsClonesAndNoXml)
     EXPECT_TRUE(back->uuid == u"id-1");
 
     sceneMaterials()->addMaterial(std::make_shared<MaterialSingleBRDF>());  // "DefaultMaterial"
-    QuickArchive v1 = ByteBuilder().tag(1).u32(6).u32(7).str("").append(layerEntry(2)).archive();
-    ASSERT_TRUE(back->readBinary(v1));
+    ASSERT_TRUE(load(*back, ByteBuilder().tag(1).u32(6).u32(7).str("").append(layerEntry(2))));
     EXPECT_TRUE(back->name == u"DefaultMaterial1");
     EXPECT_TRUE(back->uuid == u"id-1");
     EXPECT_TRUE(back->single_aux_1 == 6);
     for (const ByteBuilder& refused : {ByteBuilder().tag(3), ByteBuilder().tag(2).u32(0).u32(0).u32(64).tag(1)}) {
-        QuickArchive in = refused.archive();
-        EXPECT_FALSE(back->readBinary(in));
+        EXPECT_FALSE(load(*back, refused));
     }
     EXPECT_EQ(back->brdf->typeId(), 2u) << "the layer of version 1 stays";
     back->brdf = nullptr;

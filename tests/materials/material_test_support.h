@@ -1,5 +1,5 @@
-// Helpers of the material tests: records built by hand, written and read back, XML text, the
-// textures in a layer's slots, and a clean scene set.
+// Helpers of the material tests: layer and material records built by hand, materials loaded from
+// them through the factories, XML text, the textures in a layer's slots, and a clean scene set.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,10 +11,13 @@
 #include "archive/quick_archive.h"
 #include "archive/text_conversion.h"
 #include "materials/base_brdf.h"
+#include "materials/base_material.h"
 #include "materials/diffuse_brdf.h"
 #include "materials/glass_brdf.h"
 #include "materials/glossy_brdf.h"
 #include "materials/light_brdf.h"
+#include "materials/material_layered_brdf.h"
+#include "materials/material_layouts.h"
 #include "materials/mirror_brdf.h"
 #include "materials/scene_materials.h"
 #include "support/byte_builder.h"
@@ -98,8 +101,7 @@ template <class T>
 std::shared_ptr<T> loaded(const ByteBuilder& bytes, bool& ok)
 {
     auto object = std::make_shared<T>();
-    QuickArchive in = bytes.archive();
-    ok = object->readBinary(in);
+    ok = load(*object, bytes);
     return object;
 }
 
@@ -108,12 +110,15 @@ template <class T>
 std::shared_ptr<T> loadAs(uint32_t id, const ByteBuilder& bytes)
 {
     auto layer = std::dynamic_pointer_cast<T>(createBRDF(id));
-    QuickArchive in = bytes.archive();
-    EXPECT_TRUE(layer->readBinary(in));
+    EXPECT_TRUE(load(*layer, bytes));
     return layer;
 }
 
-inline bool has(const std::string& text, const std::string& piece) { return text.find(piece) != std::string::npos; }
+// The assets a material file shows for the material.
+inline std::string assetsOf(const MaterialPtr& material)
+{
+    return textOf([&](AssetXmlWriter& writer) { writeMaterialAssets(writer, material); });
+}
 
 // What an old record's file name became, the constant colour or the Fresnel index in a slot; "-", -1
 // when the slot holds no such texture.
@@ -134,6 +139,48 @@ inline float fresnelIor(const TexturePtr& texture)
 {
     auto fresnel = std::dynamic_pointer_cast<FresnelTexture>(texture);
     return fresnel ? fresnel->fresnel_ior : -1;
+}
+
+// The newest base material record.
+inline ByteBuilder materialBase(const std::string& name, const std::string& uuid = "")
+{
+    return ByteBuilder().tag(2).str(name).str(uuid);
+}
+
+// A layered material with no layers, as a bare material: its type id, then its newest record.
+inline ByteBuilder layeredEntry(const std::string& name)
+{
+    return ByteBuilder().u32(1).tag(4).u32(0).u32(1).u32(0).u32(1).u32(1).append(materialBase(name)).u32(0);
+}
+
+// A present material slot holding a layered material with no layers.
+inline ByteBuilder layeredSlot(const std::string& name) { return ByteBuilder().boolean(true).append(layeredEntry(name)); }
+
+// Loads a record into a new material of the type id; the result of readBinary goes to `ok`.
+inline MaterialPtr loadMaterial(uint32_t id, const ByteBuilder& bytes, bool& ok)
+{
+    MaterialPtr material = createMaterial(id);
+    ok = load(*material, bytes);
+    return material;
+}
+
+template <class T>
+std::shared_ptr<T> loadAsClass(uint32_t id, const ByteBuilder& bytes)
+{
+    bool ok = false;
+    auto material = std::dynamic_pointer_cast<T>(loadMaterial(id, bytes, ok));
+    EXPECT_TRUE(ok);
+    return material;
+}
+
+// A layered material with one diffuse layer of the given name.
+inline std::shared_ptr<MaterialLayeredBRDF> layeredWith(const std::u16string& name, const std::u16string& layer)
+{
+    auto material = std::make_shared<MaterialLayeredBRDF>();
+    material->name = name;
+    material->brdfs = {createBRDF(2)};
+    material->brdfs[0]->name = layer;
+    return material;
 }
 
 }  // namespace TalvexTest

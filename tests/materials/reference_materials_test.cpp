@@ -7,7 +7,7 @@
 #include "materials/material_linked.h"
 #include "materials/material_multi.h"
 #include "materials/material_reference.h"
-#include "materials/wrapper_test_support.h"
+#include "materials/material_test_support.h"
 
 namespace TalvexTest {
 namespace {
@@ -37,8 +37,7 @@ TEST_F(ReferenceMaterials, RecordsOfEveryVersion)
     ASSERT_TRUE(sceneMaterials()->addMaterial(taken));
     auto old = std::make_shared<MaterialMulti>();
     old->materials = {layeredWith(u"Kept", u"L")};
-    QuickArchive v1 = ByteBuilder().tag(1).u32(1).append(layeredEntry("A")).str("Multi").archive();
-    ASSERT_TRUE(old->readBinary(v1));
+    ASSERT_TRUE(load(*old, ByteBuilder().tag(1).u32(1).append(layeredEntry("A")).str("Multi")));
     EXPECT_EQ(old->name, u"Multi1");
     ASSERT_EQ(old->materials.size(), 2u);
     EXPECT_EQ(old->materials[1]->name, u"A");

@@ -132,23 +132,20 @@ TEST_F(SceneMaterialsTest, Version2TakesItsListsAsStored)
 {
     ByteBuilder b;
     b.tag(2).u32(3).append(entry("Wood", "w")).append(entry("WOOD", "w2")).append(entry("Tile", ""));
-    QuickArchive in = b.u32(1).str("W").str("Wood").archive();
-    ASSERT_TRUE(scene.readBinary(in));
+    ASSERT_TRUE(load(scene, b.u32(1).str("W").str("Wood")));
     EXPECT_TRUE(scene.materials.size() == 2);
     EXPECT_TRUE(scene.getMaterial(u"wood")->uuid == u"w");
     EXPECT_TRUE(scene.materialCount() == -1);
     EXPECT_TRUE(scene.uuidForName(u"Tile").empty());
 
-    QuickArchive huge = ByteBuilder().tag(2).u32(0).u32(0x7FFFFFFF).str("a").str("b").archive();
-    EXPECT_FALSE(scene.readBinary(huge));
+    EXPECT_FALSE(load(scene, ByteBuilder().tag(2).u32(0).u32(0x7FFFFFFF).str("a").str("b")));
     EXPECT_TRUE(scene.materials.empty()) << "each read begins by clearing the set";
 }
 
 // Version 1 adds each material, which makes the identifiers and refuses a repeated name.
 TEST_F(SceneMaterialsTest, Version1MakesTheIdentifiers)
 {
-    QuickArchive in = ByteBuilder().tag(1).u32(2).append(entry("Wood", "w")).append(entry("Tile", "")).archive();
-    ASSERT_TRUE(scene.readBinary(in));
+    ASSERT_TRUE(load(scene, ByteBuilder().tag(1).u32(2).append(entry("Wood", "w")).append(entry("Tile", ""))));
     EXPECT_TRUE(scene.materialCount() == 2);
     EXPECT_TRUE(scene.uuidForName(u"Wood") == u"w");
     EXPECT_EQ(scene.uuidForName(u"Tile").size(), 36u);
@@ -156,8 +153,7 @@ TEST_F(SceneMaterialsTest, Version1MakesTheIdentifiers)
     const ByteBuilder refused[] = {ByteBuilder().tag(1).u32(2).append(entry("Wood", "")).append(entry("wood", "")),
                                    ByteBuilder().tag(1).u32(1).u32(15).tag(1), ByteBuilder().u32(0x20001)};
     for (const ByteBuilder& bytes : refused) {
-        QuickArchive bad = bytes.archive();
-        EXPECT_FALSE(scene.readBinary(bad));
+        EXPECT_FALSE(load(scene, bytes));
     }
 }
 

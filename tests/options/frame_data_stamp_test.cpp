@@ -1,4 +1,4 @@
-// The frame data and the stamp: records, defaults, the frame data's own asset, the interface list.
+// The frame data and the stamp: records, the frame data's own asset, the interface list.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,10 +10,9 @@ namespace {
 
 using namespace TalvexCore;
 
-TEST(TalvexFrameData, RecordOf340BytesAndItsDefaults)
+TEST(TalvexFrameData, RecordOf340Bytes)
 {
     TalvexFrameData f;
-    EXPECT_TRUE(f.frameEnd == 1.0 && f.fieldMask == 3 && f.worldToCam == TransformD{} && f.focal_dist == 200.0f);
     EXPECT_EQ(recordOf(f).bytes.size(), 340u);
 
     // An offset passes through 32-bit precision.
@@ -44,9 +43,7 @@ TEST(TalvexFrameData, OwnAsset)
     EXPECT_NE(xml.find("name=\"t\" handler=\"default\" listType=\"none\" label=\"t\">\n            <value>2.5</value>"),
               std::string::npos);
     // Only the values of its own table: 26 parameters, none of the values the options groups show.
-    std::size_t count = 0;
-    for (std::size_t at = xml.find("<parameter "); at != std::string::npos; at = xml.find("<parameter ", at + 1)) ++count;
-    EXPECT_EQ(count, 26u);
+    EXPECT_EQ(countOf(xml, "<parameter "), 26u);
     EXPECT_EQ(xml.find("focal_dist"), std::string::npos);
     EXPECT_LT(xml.find("name=\"farRange\""), xml.find("name=\"clippingPlanes\""));
     EXPECT_LT(xml.find("name=\"nuvaRefractBackground\""), xml.find("name=\"devAspect\""));
@@ -87,7 +84,6 @@ TEST(TalvexNFBStampInfo, BothVersionsAndTheFontBlock)
     archive.readU32(next);
     EXPECT_EQ(next, 0xABCDu);
 
-    EXPECT_EQ(TalvexNFBStampInfo().stampText, "Nuva Core %nuvacore | Render Time %rendertime |");
     EXPECT_FALSE(load(longer, ByteBuilder().tag(3)));
     EXPECT_FALSE(load(longer, ByteBuilder().u32(0x10001)));
 }

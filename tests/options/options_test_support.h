@@ -1,5 +1,5 @@
-// Helpers of the options tests: options records of any version spelled out by hand, and the XML
-// text of an object.
+// Helpers of the options tests: options records of any version spelled out by hand, paths, and the
+// text of one settings group.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,27 +11,14 @@
 #include "archive/text_conversion.h"
 #include "options/all_options.h"
 #include "support/byte_builder.h"
-#include "xml/asset_xml_writer.h"
+#include "support/xml_of.h"
 
 namespace TalvexTest {
-
-// The bytes an object's writeBinary gives.
-template <class T>
-ByteBuilder recordOf(const T& object)
-{
-    TalvexCore::QuickArchive archive(1);
-    EXPECT_TRUE(object.writeBinary(archive));
-    ByteBuilder b;
-    b.bytes = writtenBytes(archive);
-    return b;
-}
 
 // What an old options record holds beyond the defaults of its embedded records.
 struct OldOptions {
     std::vector<uint32_t> channels;
     std::string imageFile;
-    int32_t filterType = 5;
-    int32_t imageWidth = 640;
 };
 
 inline OldOptions withChannels(std::vector<uint32_t> ids)
@@ -52,7 +39,7 @@ inline ByteBuilder oldOptionsRecord(uint32_t version, const OldOptions& o, ByteB
     b.append(recordOf(TalvexParams())).append(recordOf(TalvexFrameData())).append(recordOf(TalvexNFBStampInfo()));
     if (version >= 5) b.append(camera);
     b.boolean(false).boolean(false).color(0.1f, 0.2f, 0.3f).color(0.4f, 0.5f, 0.6f);
-    b.i32(1).i32(1).i32(o.filterType).i32(480).i32(o.imageWidth);
+    b.i32(1).i32(1).i32(5).i32(480).i32(640);
     for (int i = 0; i < 6; ++i) b.i32(0);
     if (version >= 2) b.i32(0);   // focal_dist_not_overridden
     if (version >= 3) b.i32(0);   // show_progress_window
@@ -87,22 +74,6 @@ inline void setPath(TalvexCore::PathBuffer& buffer, std::u16string_view text)
 inline std::u16string pathOf(const TalvexCore::PathBuffer& buffer)
 {
     return std::u16string(TalvexCore::settings_detail::pathText(buffer));
-}
-
-template <class T>
-bool load(T& object, const ByteBuilder& bytes)
-{
-    TalvexCore::QuickArchive archive = bytes.archive();
-    return object.readBinary(archive);
-}
-
-template <class T>
-std::string xmlOf(const T& object, const std::u16string& url = u"")
-{
-    std::u16string text;
-    TalvexCore::AssetXmlWriter writer(text);
-    object.writeXml(writer, url);
-    return TalvexCore::wideToNarrow(text);
 }
 
 // The text of one settings asset, from its Assets element to the end of that element.

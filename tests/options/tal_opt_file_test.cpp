@@ -61,12 +61,10 @@ TEST_F(TalOptFileTest, FilesThatDoNotLoad)
 {
     TalOptFile file;
     AllOptions o;
-    writeBytes("one.talopt", "\x01");
-    writeBytes("empty.talopt", "");
-    writeBytes("text.talopt", "<talopt>\n</talopt>\n");
-    EXPECT_FALSE(file.load(o, path("one.talopt")));
-    EXPECT_FALSE(file.load(o, path("empty.talopt")));
-    EXPECT_FALSE(file.load(o, path("text.talopt")));
+    for (const char* bytes : {"\x01", "", "<talopt>\n</talopt>\n"}) {
+        writeBytes("bad.talopt", bytes);
+        EXPECT_FALSE(file.load(o, path("bad.talopt"))) << bytes;
+    }
     EXPECT_FALSE(file.load(o, path("absent.talopt")));
 }
 

@@ -1,5 +1,4 @@
-// The parameters record: version 1 against version 5, the forced sampler type, the reserved words,
-// and the held file names.
+// The parameters record: version 1 against version 5, the forced sampler type, the reserved words.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -88,19 +87,6 @@ TEST(TalvexParams, ForcedSamplerTypeAndReservedWords)
     EXPECT_EQ(after, 0x3F800000u);
     ASSERT_TRUE(load(p, paramsWithWord(reservedWord, 5)));
     EXPECT_EQ(p.time_dependent, 1);
-}
-
-// A file name goes out as UTF-8 and comes back; an empty stored name leaves the field alone.
-TEST(TalvexParams, HeldFileNames)
-{
-    TalvexParams p;
-    p.pm_params_file = "maps/\xC3\xA9t\xC3\xA9.vrpmap";
-    TalvexParams loaded;
-    ASSERT_TRUE(load(loaded, recordOf(p)));
-    EXPECT_EQ(loaded.pm_params_file, p.pm_params_file);
-    EXPECT_TRUE(loaded.isEqual(p));
-    loaded.caustics_params_file = "x";
-    EXPECT_FALSE(loaded.isEqual(p));
 }
 
 }  // namespace

@@ -2,10 +2,11 @@
 // that draws on two holders.
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <tuple>
 
 #include "records/settings_table.h"
 #include "support/byte_builder.h"
+#include "support/xml_of.h"
 
 using namespace TalvexCore;
 using namespace TalvexTest;
@@ -122,44 +123,56 @@ CINDREL_CHECK_SETTINGS(!xmlPositionsValid(gapped) && !xmlPositionsValid(repeated
 CINDREL_CHECK_SETTINGS(!xmlPositionsValid(lampSettings) && !xmlPositionsValid(roomSettings));
 CINDREL_CHECK_SETTINGS(!settingsTableValid(misfit));
 
-// Records the writer calls it gets, one line each.
-struct RecordingWriter {
-    std::ostringstream log;
-    static std::string text(std::string_view s) { return std::string(s); }
-    static std::string text(std::u16string_view s)
-    {
-        return std::string(s.begin(), s.end());
+// Each parameter of the text as its name and value ("-" for none), the label behind it where it
+// differs from the name, and "user" for a user-data mark.
+std::string parameterSummary(const std::string& xml)
+{
+    std::string out;
+    for (auto at = xml.find("<parameter "); at != std::string::npos; at = xml.find("<parameter ", at + 1)) {
+        const auto attribute = [&](const std::string& key) {
+            const auto start = xml.find(key + "=\"", at) + key.size() + 2;
+            return xml.substr(start, xml.find('"', start) - start);
+        };
+        const std::string name = attribute("name"), label = attribute("label");
+        const std::string value = valueOf(xml.substr(at), label);
+        out += name + " " + (value == "no value" ? "-" : value) + (label != name ? " [" + label + "]" : "");
+        out += xml.substr(at, xml.find('>', at) - at).find("isUserData") != std::string::npos ? " user\n" : "\n";
     }
-    void tail(std::string_view label, bool userData) { log << " [" << label << "]" << (userData ? " user" : "") << "\n"; }
-    void writeBool(std::string_view n, bool v, std::string_view l, bool u) { log << "bool " << n << " " << v; tail(l, u); }
-    void writeInt(std::string_view n, int32_t v, std::string_view l, bool u) { log << "int " << n << " " << v; tail(l, u); }
-    void writeFloat(std::string_view n, float v, std::string_view l, bool u) { log << "float " << n << " " << v; tail(l, u); }
-    void writeColor(std::string_view n, const Color& c, std::string_view l)
-    {
-        log << "color " << n << " " << c.r << "," << c.g << "," << c.b;
-        tail(l, false);
-    }
-    void writePlugin(std::string_view n, const TalvexXMLSerializable* child, const std::u16string& url,
-                     std::string_view l)
-    {
-        log << "plugin " << n << " " << (child ? text(url + u"/" + child->pluginType()) : "-");
-        tail(l, false);
-    }
-    void writeTransform(std::string_view n, const Transform&, std::string_view l) { log << "transform " << n; tail(l, false); }
-    void openList(std::string_view n, std::string_view type, std::string_view l) { log << "list " << n << " of " << type; tail(l, false); }
-    void writeEntry(std::string_view entry) { log << "entry " << entry << "\n"; }
-    void closeList() { log << "end of list\n"; }
-    template <class T>
-    void writeString(std::string_view n, T v, std::string_view l, bool u) { log << "string " << n << " " << text(v); tail(l, u); }
-    template <class T>
-    void writeFileString(std::string_view n, T v, std::string_view l, bool u) { log << "file " << n << " " << text(v); tail(l, u); }
-};
+    return out;
+}
+
+std::string groupText(const char* group, const Lamp& lamp, const Room& room)
+{
+    std::u16string text;
+    AssetXmlWriter writer(text);
+    writeSettingParameters(writer, group, u"/" + narrowToWide(group), bindSettings(lampSettings, lamp),
+                           bindSettings(roomSettings, room));
+    return wideToNarrow(text);
+}
 
 Lamp defaultLamp()
 {
     Lamp lamp;
     resetSettings(lampSettings, lamp);
     return lamp;
+}
+
+// Reads the rows of a version into the lamp, which must take every byte when it takes the record.
+bool readLamp(Lamp& lamp, const ByteBuilder& bytes, uint16_t version)
+{
+    QuickArchive in = bytes.archive();
+    const bool ok = readSettings(lampSettings, in, lamp, version);
+    if (ok) {
+        EXPECT_EQ(in.readPosition(), bytes.bytes.size());
+    }
+    return ok;
+}
+
+std::vector<uint8_t> lampBytes(const Lamp& lamp)
+{
+    QuickArchive out(1);
+    EXPECT_TRUE(writeSettings(lampSettings, out, lamp));
+    return writtenBytes(out);
 }
 
 }  // namespace
@@ -173,51 +186,27 @@ TEST(SettingsTable, ResetGivesEachRowItsDefault)
     lamp.shade = std::make_shared<Shade>();
     resetSettings(lampSettings, lamp);
     EXPECT_FALSE(lamp.shade);
-    EXPECT_EQ(lamp.mode, 7u);   // an unsigned field from its own initial
-    EXPECT_EQ(lamp.time, 2.5);  // a double likewise
-    EXPECT_EQ(lamp.tint, (Color{1, 0.5f, 0.25f}));
-    EXPECT_EQ(lamp.note, "");
-    EXPECT_EQ(lamp.file[0], 0);
-    EXPECT_EQ(lamp.socket.pins, 3);  // the embedded record's own reset
+    // An unsigned and a double field from their own initials; the embedded record's own reset.
+    EXPECT_EQ(std::tuple(lamp.mode, lamp.time, lamp.tint, lamp.note, lamp.file[0], lamp.socket.pins),
+              std::tuple(7u, 2.5, Color{1, 0.5f, 0.25f}, std::string(), u'\0', 3));
 }
 
 TEST(SettingsTable, OlderVersionsReadTheirRowsAndMigrate)
 {
     // Version 1: power as whole watts, no socket, no time, no boost.
-    ByteBuilder v1;
-    v1.i32(0).i32(100).u32(3).color(0, 0, 1).i32(5).str("desk").str("a.png");
     Lamp lamp = defaultLamp();
-    QuickArchive in = v1.archive();
-    ASSERT_TRUE(readSettings(lampSettings, in, lamp, 1));
-    EXPECT_EQ(in.readPosition(), v1.bytes.size());
-    EXPECT_EQ(lamp.power, 100.0f);
-    EXPECT_EQ(lamp.note, "desk");
-    EXPECT_EQ(std::u16string(lamp.file.data()), u"a.png");
-    EXPECT_EQ(lamp.time, 2.5);
-    EXPECT_EQ(lamp.boost, 1.5f);
+    ASSERT_TRUE(readLamp(lamp, ByteBuilder().i32(0).i32(100).u32(3).color(0, 0, 1).i32(5).str("desk").str("a.png"), 1));
+    EXPECT_EQ(std::tuple(lamp.power, lamp.note, std::u16string(lamp.file.data()), lamp.time, lamp.boost),
+              std::tuple(100.0f, std::string("desk"), std::u16string(u"a.png"), 2.5, 1.5f));
 
     // Version 2 adds the socket record and the time; a bad socket tag fails the read.
-    ByteBuilder v2;
-    v2.i32(1).f32(40.5f).u32(3).color(0, 0, 1).i32(5).str("").str("").tag(1).i32(6).f64(0.25);
+    const ByteBuilder v2 = ByteBuilder().i32(1).f32(40.5f).u32(3).color(0, 0, 1).i32(5).str("").str("");
     lamp = defaultLamp();
-    in = v2.archive();
-    ASSERT_TRUE(readSettings(lampSettings, in, lamp, 2));
-    EXPECT_EQ(lamp.power, 40.5f);
-    EXPECT_EQ(lamp.socket.pins, 6);
-    EXPECT_EQ(lamp.time, 0.25);
-    EXPECT_EQ(lamp.boost, 1.5f);
-
-    ByteBuilder broken;
-    broken.i32(1).f32(40.5f).u32(3).color(0, 0, 1).i32(5).str("").str("").tag(9);
-    in = broken.archive();
-    EXPECT_FALSE(readSettings(lampSettings, in, lamp, 2));
-
+    ASSERT_TRUE(readLamp(lamp, ByteBuilder(v2).tag(1).i32(6).f64(0.25), 2));
+    EXPECT_EQ(std::tuple(lamp.power, lamp.socket.pins, lamp.time, lamp.boost), std::tuple(40.5f, 6, 0.25, 1.5f));
+    EXPECT_FALSE(readLamp(lamp, ByteBuilder(v2).tag(9), 2));
     // A child of an unknown type fails the read.
-    ByteBuilder unknownChild;
-    unknownChild.i32(1).f32(1).u32(3).color(0, 0, 1).i32(5).str("").str("").tag(1).i32(6).f64(0).f32(1);
-    unknownChild.boolean(true).u32(99);
-    in = unknownChild.archive();
-    EXPECT_FALSE(readSettings(lampSettings, in, lamp, 3));
+    EXPECT_FALSE(readLamp(lamp, ByteBuilder(v2).tag(1).i32(6).f64(0).f32(1).boolean(true).u32(99), 3));
 }
 
 TEST(SettingsTable, NewestRecordWritesBackByteForByteAndCompares)
@@ -226,23 +215,14 @@ TEST(SettingsTable, NewestRecordWritesBackByteForByteAndCompares)
     v3.i32(2).f32(75).u32(1).color(0.5f, 0.5f, 0.5f).i32(-4).str("n").str("b.exr").tag(1).i32(2).f64(9).f32(3);
     v3.boolean(true).u32(4).tag(1).i32(12).f32(1.0f);
     Lamp lamp = defaultLamp();
-    QuickArchive in = v3.archive();
-    ASSERT_TRUE(readSettings(lampSettings, in, lamp, 3));
-
-    QuickArchive out(1);
-    ASSERT_TRUE(writeSettings(lampSettings, out, lamp));
-    EXPECT_EQ(writtenBytes(out), v3.bytes);
+    ASSERT_TRUE(readLamp(lamp, v3, 3));
+    EXPECT_EQ(lampBytes(lamp), v3.bytes);
 
     // The reserved word is read past and written as its constant whatever the file held.
     ByteBuilder other = v3;
     other.bytes.resize(other.bytes.size() - 4);
-    other.f32(5.0f);
-    in = other.archive();
-    ASSERT_TRUE(readSettings(lampSettings, in, lamp, 3));
-    EXPECT_EQ(in.readPosition(), other.bytes.size());
-    QuickArchive rewritten(1);
-    ASSERT_TRUE(writeSettings(lampSettings, rewritten, lamp));
-    EXPECT_EQ(writtenBytes(rewritten), v3.bytes);
+    ASSERT_TRUE(readLamp(lamp, other.f32(5.0f), 3));
+    EXPECT_EQ(lampBytes(lamp), v3.bytes);
 
     Lamp copy = lamp;
     EXPECT_TRUE(settingsEqual(lampSettings, lamp, copy));
@@ -261,11 +241,7 @@ TEST(SettingsTable, TextsKeepWhatEmptyStoredTextLeavesAndPathsAreCut)
 {
     Lamp lamp = defaultLamp();
     lamp.note = "kept";
-    const std::string longPath(3000, 'p');
-    ByteBuilder bytes;
-    bytes.i32(0).i32(1).u32(0).color(0, 0, 0).i32(0).str("").str(longPath);
-    QuickArchive in = bytes.archive();
-    ASSERT_TRUE(readSettings(lampSettings, in, lamp, 1));
+    ASSERT_TRUE(readLamp(lamp, ByteBuilder().i32(0).i32(1).u32(0).color(0, 0, 0).i32(0).str("").str(std::string(3000, 'p')), 1));
     EXPECT_EQ(lamp.note, "kept");
     EXPECT_EQ(std::u16string(lamp.file.data()).size(), 2047u);
 }
@@ -278,34 +254,25 @@ TEST(SettingsTable, GroupMergesHoldersInXmlOrder)
     lamp.file[0] = u'f';
     Room room;
     resetSettings(roomSettings, room);
-    RecordingWriter writer;
-    writeSettingParameters(writer, "SettingsLamp", u"/SettingsLamp", bindSettings(lampSettings, lamp),
-                           bindSettings(roomSettings, room));
-    EXPECT_EQ(writer.log.str(),
-              "bool on 1 []\n"
-              "int lamps 4 []\n"
-              "int mode 7 [Lamp Mode] user\n"
-              "float power 60 []\n"
-              "float gain 1 []\n"
-              "color tint 1,0.5,0.25 []\n"
-              "string note desk []\n"
-              "file file f []\n"
-              "float time 2.5 []\n"
-              "float double_power 120 []\n"
-              "plugin shade - []\n");
+    EXPECT_EQ(parameterSummary(groupText("SettingsLamp", lamp, room)),
+              "on 1\n"
+              "lamps 4\n"
+              "mode 7 [Lamp Mode] user\n"
+              "power 60\n"
+              "gain 1\n"
+              "tint <r>1</r><g>0.5</g><b>0.25</b>\n"
+              "note desk\n"
+              "file f\n"
+              "time 2.5\n"
+              "double_power 120\n"
+              "shade -\n");
 
     lamp.shade = std::make_shared<Shade>();
-    RecordingWriter withChild;
-    writeSettingParameters(withChild, "SettingsLamp", u"/SettingsLamp", bindSettings(lampSettings, lamp),
-                           bindSettings(roomSettings, room));
-    EXPECT_NE(withChild.log.str().find("plugin shade /SettingsLamp/shade_tex/TexShade []\n"), std::string::npos);
+    EXPECT_TRUE(has(groupText("SettingsLamp", lamp, room), "<value>/SettingsLamp/shade_tex/TexShade</value>"));
     const auto children = settingChildren("SettingsLamp", bindSettings(lampSettings, lamp), bindSettings(roomSettings, room));
     ASSERT_EQ(children.size(), 1u);
     EXPECT_EQ(children[0].parameter, "shade");
     EXPECT_EQ(children[0].urlWord, "shade_tex");
     EXPECT_EQ(children[0].child, lamp.shade.get());
-
-    RecordingWriter other;
-    writeSettingParameters(other, "SettingsElse", u"/SettingsElse", bindSettings(lampSettings, lamp));
-    EXPECT_EQ(other.log.str(), "");
+    EXPECT_EQ(groupText("SettingsElse", lamp, room), "");
 }

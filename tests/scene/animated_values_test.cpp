@@ -84,8 +84,7 @@ TEST(AnimatedValues, ReadingKeepsTheDefaultKeyOfNumbersButNotOfTransforms)
     ByteBuilder reals;
     reals.tag(1).i32(2).i32(8).boolean(true).f64(1.0).f32(5).f64(2.0).f32(7);
     AnimatedReal real(false);
-    QuickArchive in = reals.archive();
-    ASSERT_TRUE(real.readBinary(in));
+    ASSERT_TRUE(load(real, reals));
     EXPECT_TRUE(real.interpolate);
     ASSERT_EQ(real.keyCount(), 3);
     EXPECT_EQ(real.valueAt(0.0), 0.0f);
@@ -94,8 +93,7 @@ TEST(AnimatedValues, ReadingKeepsTheDefaultKeyOfNumbersButNotOfTransforms)
     ByteBuilder ints;
     ints.tag(1).i32(2).i32(8).boolean(false).f64(0.0).i32(9).f64(3.0).i32(4);
     AnimatedInt whole;
-    in = ints.archive();
-    ASSERT_TRUE(whole.readBinary(in));
+    ASSERT_TRUE(load(whole, ints));
     EXPECT_EQ(whole.keyCount(), 2);
     EXPECT_EQ(whole.valueAt(0.0), 9);
     EXPECT_EQ(whole.valueAt(2.0), 9);
@@ -104,15 +102,13 @@ TEST(AnimatedValues, ReadingKeepsTheDefaultKeyOfNumbersButNotOfTransforms)
     transforms.tag(1).i32(1).i32(8).f64(1.0);
     transformBytes(transforms, translation(3));
     AnimatedTransform moving;
-    in = transforms.archive();
-    ASSERT_TRUE(moving.readBinary(in));
+    ASSERT_TRUE(load(moving, transforms));
     ASSERT_EQ(moving.keyCount(), 1);
     EXPECT_EQ(moving.keyTime(0), 1.0);
 
     ByteBuilder none;
     none.tag(1).i32(0).i32(8);
-    in = none.archive();
-    ASSERT_TRUE(moving.readBinary(in));
+    ASSERT_TRUE(load(moving, none));
     EXPECT_EQ(moving.keyCount(), 0);
     moving.clear();
     EXPECT_EQ(moving.keyCount(), 1);
@@ -123,26 +119,19 @@ TEST(AnimatedValues, RecordsWriteBackByteForByteAndRefuseBadHeaders)
     ByteBuilder reals;
     reals.tag(1).i32(2).i32(8).boolean(true).f64(0.0).f32(5).f64(2.5).f32(-1);
     AnimatedReal real;
-    QuickArchive in = reals.archive();
-    ASSERT_TRUE(real.readBinary(in));
-    QuickArchive out(1);
-    ASSERT_TRUE(real.writeBinary(out));
-    EXPECT_EQ(writtenBytes(out), reals.bytes);
+    ASSERT_TRUE(load(real, reals));
+    EXPECT_EQ(bytesOf(real), reals.bytes);
 
     ByteBuilder transforms;
     transforms.tag(1).i32(2).i32(8).f64(0.0);
     transformBytes(transforms, translation(1)).f64(4.0);
     transformBytes(transforms, translation(2));
     AnimatedTransform moving;
-    in = transforms.archive();
-    ASSERT_TRUE(moving.readBinary(in));
-    QuickArchive movingOut(1);
-    ASSERT_TRUE(moving.writeBinary(movingOut));
-    EXPECT_EQ(writtenBytes(movingOut), transforms.bytes);
+    ASSERT_TRUE(load(moving, transforms));
+    EXPECT_EQ(bytesOf(moving), transforms.bytes);
 
     AnimatedTransform copy;
-    in = transforms.archive();
-    ASSERT_TRUE(copy.readBinary(in));
+    ASSERT_TRUE(load(copy, transforms));
     EXPECT_TRUE(moving.isEqual(copy));
     copy.setKey(translation(2.5f), 4.0);
     EXPECT_FALSE(moving.isEqual(copy));
@@ -158,14 +147,12 @@ TEST(AnimatedValues, RecordsWriteBackByteForByteAndRefuseBadHeaders)
         ByteBuilder().tag(1).i32(1000000).i32(8).boolean(false).f64(0).f32(1),  // more keys than bytes
     };
     for (const ByteBuilder& bytes : refused) {
-        AnimatedReal target;
         QuickArchive damaged = bytes.archive();
-        EXPECT_FALSE(target.readBinary(damaged));
+        EXPECT_FALSE(AnimatedReal().readBinary(damaged));
         EXPECT_TRUE(damaged.failure()) << "a refusal names its reason";
     }
     AnimatedReal negative;
-    QuickArchive negativeCount = ByteBuilder().tag(1).i32(-5).i32(8).boolean(true).archive();
-    EXPECT_TRUE(negative.readBinary(negativeCount));
+    EXPECT_TRUE(load(negative, ByteBuilder().tag(1).i32(-5).i32(8).boolean(true)));
     EXPECT_EQ(negative.keyCount(), 1);
 }
 
@@ -174,15 +161,10 @@ TEST(AnimatedValues, DamagedTimesKeepTheKeysOrdered)
     ByteBuilder bytes;
     bytes.tag(1).i32(3).i32(8).boolean(true).f64(std::nan("")).f32(1).f64(1.0).f32(2).f64(-INFINITY).f32(3);
     AnimatedReal real;
-    QuickArchive in = bytes.archive();
-    ASSERT_TRUE(real.readBinary(in));
+    ASSERT_TRUE(load(real, bytes));
     EXPECT_EQ(real.keyCount(), 4);
     EXPECT_EQ(real.valueAt(1.0), 2.0f);
-    QuickArchive out(1);
-    ASSERT_TRUE(real.writeBinary(out));
     AnimatedReal again;
-    const std::vector<uint8_t> written = writtenBytes(out);
-    QuickArchive back(written.data(), written.size());
-    ASSERT_TRUE(again.readBinary(back));
+    ASSERT_TRUE(load(again, recordOf(real)));
     EXPECT_EQ(again.keyCount(), 4);
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -62,6 +63,39 @@ std::vector<uint8_t> bytesOf(const T& object)
     TalvexCore::QuickArchive out(1);
     EXPECT_TRUE(object.writeBinary(out));
     return writtenBytes(out);
+}
+
+template <class T>
+ByteBuilder recordOf(const T& object)
+{
+    ByteBuilder b;
+    b.bytes = bytesOf(object);
+    return b;
+}
+
+template <class T>
+bool load(T& object, const ByteBuilder& bytes)
+{
+    TalvexCore::QuickArchive in = bytes.archive();
+    return object.readBinary(in);
+}
+
+// Loads the bytes, which the record must take to the last.
+template <class T>
+bool loadAll(T& object, const ByteBuilder& bytes)
+{
+    TalvexCore::QuickArchive in = bytes.archive();
+    const bool ok = object.readBinary(in);
+    EXPECT_EQ(in.readPosition(), bytes.bytes.size()) << "the record takes every byte";
+    return ok;
+}
+
+// A new object of a class loaded from the bytes; null when it refuses them.
+template <class T>
+std::shared_ptr<T> readFrom(const ByteBuilder& bytes)
+{
+    auto object = std::make_shared<T>();
+    return load(*object, bytes) ? object : nullptr;
 }
 
 }  // namespace TalvexTest

@@ -68,9 +68,7 @@ void expectHandMadeBytes(const std::vector<Sample<Root>>& samples)
         SCOPED_TRACE(wideToNarrow(sample.object->pluginType()));
         EXPECT_EQ(bytesOf(*sample.object), sample.bytes.bytes);
         const auto read = sample.create(sample.object->typeId());
-        QuickArchive in = sample.bytes.archive();
-        ASSERT_TRUE(read->readBinary(in));
-        EXPECT_EQ(in.readPosition(), sample.bytes.bytes.size());
+        ASSERT_TRUE(loadAll(*read, sample.bytes));
         EXPECT_TRUE(read->isEqual(sample.object));
         EXPECT_TRUE(sample.object->clone()->isEqual(sample.object));
         EXPECT_FALSE(sample.create(sample.object->typeId())->isEqual(sample.object)) << "the sample is no default";

@@ -1,4 +1,5 @@
-// The procedural textures: older records, failure on writing, and their XML oddities.
+// The procedural textures: the blend texture's multipliers and failure on writing (the example
+// library holds their older records and their XML).
 #include <gtest/gtest.h>
 
 #include "texture_test_support.h"
@@ -16,47 +17,9 @@
 using namespace TalvexCore;
 using namespace TalvexTest;
 
-TEST(ProceduralTextures, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
-{
-    const auto g = readFrom<GridTexture>(
-        constantChild(constantChild(planarChild(ByteBuilder().tag(1)), 0), 1).floats({0.2f, 0.3f}));
-    ASSERT_TRUE(g);
-    EXPECT_EQ((Floats{g->lineMultiplier, g->fillMultiplier, g->u_width, g->v_width}), (Floats{1, 1, 0.2f, 0.3f}));
-
-    const auto c = readFrom<ClothTexture>(  // the flag behind the record is not read
-        planarChild(ByteBuilder().tag(1)).floats({0, 0, 0, 0, 1, 0, 0, 1, 0, 0, 1, 1, 0.5f, 0.6f}).boolean(false));
-    ASSERT_TRUE(c);
-    EXPECT_TRUE(c->gap_color == (AColor{0, 0, 0, 0}));
-    EXPECT_TRUE(c->v_color == (AColor{0, 0, 1, 1}));
-    EXPECT_TRUE(c->v_width == 0.6f);
-    EXPECT_TRUE(c->tile);
-
-    const auto b = readFrom<BlendTexture>(
-        constantChild(constantChild(ByteBuilder().tag(1).boolean(true), 0.2f).boolean(true), 0.7f).f32(0.25f));
-    ASSERT_TRUE(b);
-    EXPECT_EQ((Floats{b->color_a_mult, b->color_b_mult, b->blend_amount}), (Floats{1, 1, 0.25f}));
-    EXPECT_TRUE(b->color_b->isEqual(constant(0.7f)));
-
-    const auto k = readFrom<CheckerTexture>(  // the record ends with the two flags
-        constantChild(constantChild(planarChild(ByteBuilder().tag(1)), 0.9f), 0.1f).u8(0).u8(1).floats({7, 7}));
-    ASSERT_TRUE(k);
-    EXPECT_TRUE(!k->tile_u);
-    EXPECT_TRUE(k->tile_v);
-    EXPECT_TRUE(k->black_color->isEqual(constant(0.1f)));
-    EXPECT_EQ((Floats{k->whiteMultiplier, k->blackMultiplier}), (Floats{1, 1}));
-}
-
-// Each multiplier of the blend texture stands inside the presence of its child.
+// An absent first child stores no multiplier, so the second child's stands right behind it.
 TEST(ProceduralTextures, BlendMultiplierStandsInsideItsChildsPresence)
 {
-    BlendTexture blend;
-    blend.color_b = constant(0.5f);
-    blend.color_a_mult = 3;
-    QuickArchive out(1);
-    ASSERT_TRUE(blend.writeBinary(out));
-    // tag, absent a, present b with its id, record and multiplier, then the amount.
-    EXPECT_EQ(out.writePosition(), 4u + 1 + (1 + 4 + 20 + 4) + 4);
-
     const auto read = readFrom<BlendTexture>(
         constantChild(ByteBuilder().tag(2).boolean(false).boolean(true), 0.5f).floats({4, 0.75f}));
     ASSERT_TRUE(read);
@@ -89,28 +52,4 @@ TEST(ProceduralTextures, EmptyOrFailingChildFailsTheWrite)
     QuickArchive out(1);  // a fresh checker has its children and writes at once
     EXPECT_TRUE(CheckerTexture().writeBinary(out));
     EXPECT_EQ(out.writePosition(), 4u + (4 + 4 + 48 + 52) + 2 * (4 + 20) + 2 + 8);
-}
-
-TEST(ProceduralTextures, ClothWritesItsOneTileFlagTwice)
-{
-    ClothTexture cloth;
-    cloth.tile = false;
-    const std::string xml = xmlOf(cloth);
-    EXPECT_EQ(valueOf(xml, "tile_u") + valueOf(xml, "tile_v") + valueOf(xml, "tile"), "00missing");
-}
-
-// Children stand deepest first under their slots' suffixes, which need not be their parameters' names.
-TEST(ProceduralTextures, NestedChildrenStandDeepestFirstUnderTheirSuffixes)
-{
-    auto inner = std::make_shared<InvertTexture>();
-    inner->texture = constant(0.25f);
-    BlendTexture blend;
-    blend.color_a = inner;
-    blend.color_b = constant(0.75f);
-    const std::string xml = xmlOf(blend, u"/m");
-    const std::string deepest = "/m/TexBlend/color_a/TexInvert/base_texture/TexAColor";
-    EXPECT_TRUE(
-        assetsInOrder(xml, {deepest, "/m/TexBlend/color_a/TexInvert", "/m/TexBlend/color_b/TexAColor", "/m/TexBlend"}));
-    EXPECT_EQ(valueOf(xml.substr(xml.find("TexInvert\" ")), "texture"), deepest);
-    EXPECT_EQ(valueOf(xml, "color_b"), "/m/TexBlend/color_b/TexAColor");
 }

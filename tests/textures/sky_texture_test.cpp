@@ -50,7 +50,6 @@ TEST_F(SkyRecords, OlderVersionsHoldTheSunAndThenACopyOfItsParameters)
     const auto bare = readFrom<SkyTexture>(ByteBuilder().tag(1).boolean(false));
     ASSERT_TRUE(bare);
     EXPECT_EQ(bare->sun, defaultSun());
-    EXPECT_EQ(bare->turbidity, 3.0f);
     EXPECT_FALSE(bare->skyId.empty());
     EXPECT_FALSE(bare->isEqual(readFrom<SkyTexture>(ByteBuilder().tag(1).boolean(false))));
 
@@ -60,15 +59,12 @@ TEST_F(SkyRecords, OlderVersionsHoldTheSunAndThenACopyOfItsParameters)
     ASSERT_TRUE(withBrokenSun);
     EXPECT_NE(withBrokenSun->sun, defaultSun());
 
+    // What the XML does not show of version 2 (the example library holds the rest).
     ByteBuilder v2;
     sunRecord(v2.tag(2).boolean(true), "{S}", 6);
     parameters(transform(v2, 2, 1), 9).boolean(true).str("{Sky}");
     const auto sky = readFrom<SkyTexture>(v2);
     ASSERT_TRUE(sky);
-    EXPECT_EQ(sky->sun->sunId, u"{S}");
-    EXPECT_EQ(sky->sun->turbidity, 6.0f);
-    EXPECT_EQ(sky->turbidity, 9.0f);
-    EXPECT_EQ(sky->transform.valueAt(0.0).offset, (Vector{1, 1, 1}));
     EXPECT_TRUE(sky->skyFlag);
     EXPECT_EQ(sky->skyId, u"{Sky}");
     EXPECT_EQ(defaultSun()->turbidity, saved.turbidity);  // only the newest record carries it
@@ -143,22 +139,13 @@ TEST_F(SkyRecords, WrittenAndReadBackEqualAndCopiesAreOtherSkies)
     EXPECT_EQ(documentBack->sun, defaultSun());
 }
 
+// The example library shows skies sharing a sun and the document's sun; these are the other ways
+// a sky names its sun: by the url of a sun written before, or, in the numbering mode, by the sun
+// that the first sky writes, once.
 TEST_F(SkyXml, SkiesNameTheirSunByTheUrlItWasWrittenUnder)
 {
-    // The document's sun is named for the host and never written.
-    const auto document = xmlWithOneWriter(1, SkyTexture());
-    EXPECT_NE(document.find("<value>/Host Document Sun</value>"), std::string::npos);
-    EXPECT_EQ(document.find("type=\"light\""), std::string::npos);
-    EXPECT_TRUE(assetsInOrder(document, {"/TexSky"}));
-
-    // Two skies sharing a sun name it by its id, and the sky writes no sun of its own.
     SkyTexture morning, evening;
     morning.sun = evening.sun = std::make_shared<SunLight>(u"Noon", u"{NOON}");
-    const auto shared = xmlWithOneWriter(1, morning, evening);
-    EXPECT_EQ(valueOf(shared, "sun"), "/{NOON}");
-    EXPECT_EQ(shared.find("type=\"light\""), std::string::npos);
-
-    // A sun written before gives its url; in the numbering mode the first sky writes it, once.
     EXPECT_EQ(valueOf(xmlWithOneWriter(1, *morning.sun, morning), "sun"), "/{NOON}");
     const auto numbered = xmlWithOneWriter(0, morning, evening);
     EXPECT_TRUE(assetsInOrder(numbered, {"/SunLight", "/TexSky", "/TexSky"}));

@@ -19,7 +19,6 @@
 namespace TalvexTest {
 
 using Floats = std::vector<float>;
-using Ints = std::vector<int32_t>;
 
 inline std::shared_ptr<TalvexCore::AColorTexture> constant(float grey)
 {
@@ -53,28 +52,8 @@ inline ByteBuilder& transform(ByteBuilder& b, float s, float o)
     return b.floats({s, 0, 0, 0, s, 0, 0, 0, s, o, o, o});
 }
 
-// A component record at the defaults but for its x rotation and its z mirror.
-inline ByteBuilder& components(ByteBuilder& bytes, float xRotation)
-{
-    return bytes.tag(1).floats({xRotation, 0, 0, 1, 1, 1, 0, 0, 0}).i32(0).i32(0).i32(1);
-}
-
-// Required children: a planar world generator, a constant grey.
-inline ByteBuilder& planarChild(ByteBuilder& bytes) { return components(transform(bytes.u32(0).tag(1), 1, 0), 0); }
+// A required child holding a constant grey.
 inline ByteBuilder& constantChild(ByteBuilder& b, float grey) { return b.u32(5).tag(1).floats({grey, grey, grey, 1}); }
-
-// What the first parameter labelled `label` holds between <value> and </value>, without blanks and
-// line ends; "no value" for a parameter without one, "missing" for no such parameter.
-inline std::string valueOf(const std::string& xml, const std::string& label)
-{
-    const auto at = xml.find("label=\"" + label + "\">");
-    if (at == std::string::npos) return "missing";
-    const auto open = xml.find("<value>", at);
-    if (open > xml.find("</parameter>", at)) return "no value";
-    std::string value = xml.substr(open + 7, xml.find("</value>", open) - open - 7);
-    std::erase_if(value, [](char c) { return c == ' ' || c == '\n'; });
-    return value;
-}
 
 // Whether assets of these urls all stand in the text, in this order.
 inline bool assetsInOrder(const std::string& xml, std::initializer_list<std::string> urls)
@@ -83,14 +62,6 @@ inline bool assetsInOrder(const std::string& xml, std::initializer_list<std::str
     for (const auto& url : urls)
         if ((from = xml.find("url=\"" + url + "\" ", from)) == std::string::npos) return false;
     return true;
-}
-
-template <class T>
-std::shared_ptr<T> readFrom(const ByteBuilder& bytes)
-{
-    auto archive = bytes.archive();
-    auto object = std::make_shared<T>();
-    return object->readBinary(archive) ? object : nullptr;
 }
 
 // How many bytes a write that must fail leaves in the archive.

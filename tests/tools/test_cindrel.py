@@ -11,6 +11,10 @@ EXAMPLES = SOURCE / "examples"
 GOLDEN = SOURCE / "tests" / "golden"
 
 
+def header(path):
+    return b"==> " + bytes(path) + b" <==\n"
+
+
 def run(*args):
     return subprocess.run([TOOL, *map(str, args)], capture_output=True)
 
@@ -49,7 +53,7 @@ class Command(unittest.TestCase):
     def test_unreadable_and_unknown_paths_are_reported_and_fail(self):
         result = run(EXAMPLES / "wood_floor.talmat", "/no/such/file.talmat", EXAMPLES / "../README.md")
         self.assertEqual(result.returncode, 1)
-        self.assertEqual(result.stdout, (GOLDEN / "wood_floor.talmat.xml").read_bytes())
+        self.assertEqual(result.stdout, header(EXAMPLES / "wood_floor.talmat") + (GOLDEN / "wood_floor.talmat.xml").read_bytes())
         self.assertIn(b"/no/such/file.talmat: No such file or directory", result.stderr)
         self.assertIn(b"README.md: not a material or options file", result.stderr)
 

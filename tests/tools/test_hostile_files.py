@@ -44,7 +44,8 @@ class HostileFiles(InTemporaryFolder):
                 result = run(path, EXAMPLES / "wood_floor.talmat")  # bounded by run's timeout
                 self.assertEqual(result.returncode, 1)
                 self.assertIn(str(path).encode() + b": " + reason, result.stderr)
-                self.assertEqual(result.stdout, (GOLDEN / "wood_floor.talmat.xml").read_bytes())
+                self.assertEqual(result.stdout, b"==> " + bytes(EXAMPLES / "wood_floor.talmat") + b" <==\n" +
+                                 (GOLDEN / "wood_floor.talmat.xml").read_bytes())
         out = self.dir / "out"
         result = run("-o", out, fifo)
         self.assertEqual(result.returncode, 1)

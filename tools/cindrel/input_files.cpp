@@ -18,6 +18,14 @@ FileKind kindOf(const fs::path& path)
     return FileKind::Unknown;
 }
 
+std::string unknownKindReason(const fs::path& path)
+{
+    std::error_code ec;
+    if (fs::status(path, ec).type() == fs::file_type::not_found && !ec) ec = std::make_error_code(std::errc::no_such_file_or_directory);
+    if (ec) return ec.message();
+    return std::string("not a material or options file (") + knownExtensions + ")";
+}
+
 std::vector<InputFile> collectInputs(const std::vector<std::string>& arguments, std::vector<std::string>& errors)
 {
     std::vector<InputFile> inputs;
@@ -46,6 +54,8 @@ std::vector<InputFile> collectInputs(const std::vector<std::string>& arguments, 
             if (below == ".") below.clear();
             found.push_back({it->path(), below, kind});
         }
+        if (found.empty())
+            errors.push_back(argument + ": the folder holds no material or options file (" + knownExtensions + ")");
         std::sort(found.begin(), found.end(),
                   [](const InputFile& a, const InputFile& b) { return a.path < b.path; });
         inputs.insert(inputs.end(), found.begin(), found.end());

@@ -15,10 +15,16 @@ struct InputFile {
     FileKind kind = FileKind::Unknown;
 };
 
+inline constexpr const char* knownExtensions = ".talmat, .numat, .talopt, .nuopt";
+
 FileKind kindOf(const std::filesystem::path& path);
+// Why a path of no known kind is not converted: the system's reason when it cannot be reached,
+// else that its name is not of a known kind.
+std::string unknownKindReason(const std::filesystem::path& path);
 
 // Expands folders (recursively, in name order) to the material and options files in them.
-// Paths that do not exist are kept, to be reported when they are converted.
+// Paths that do not exist are kept, to be reported when they are converted; a folder that holds
+// no such file is an error.
 std::vector<InputFile> collectInputs(const std::vector<std::string>& arguments, std::vector<std::string>& errors);
 
 }  // namespace CindrelTool

@@ -20,6 +20,8 @@ public:
     // False, with the reason in error(), when the temporary file cannot be made.
     bool open();
     std::FILE* file() const { return stream; }
+    // The name the file has until it is committed, for a writer that opens it by name.
+    const std::string& temporaryName() const { return temporary; }
     // Flushes, closes and renames into place; false, removing the temporary, with the reason.
     // `writeError` is the error number of a write that already failed, or 0.
     bool commit(int writeError);

@@ -28,12 +28,32 @@ void Utf8Output::count(const std::string& text)
     }
 }
 
+void Utf8Output::write(const std::string& text)
+{
+    if (std::fwrite(text.data(), 1, text.size(), file) != text.size()) fail(errno);
+}
+
 void Utf8Output::take(std::string& text, bool force)
 {
     if (text.empty() || (!force && text.size() < pieceSize)) return;
+    if (!header.empty()) write(std::exchange(header, {}));
     count(text);
-    if (std::fwrite(text.data(), 1, text.size(), file) != text.size()) fail(errno);
+    write(text);
+    documentEmpty = false;
     text.clear();
+}
+
+void Utf8Output::startDocument(std::string documentHeader)
+{
+    forbidden = 0;
+    header = std::move(documentHeader);
+    documentEmpty = true;
+}
+
+void Utf8Output::endDocument(bool lineEnd)
+{
+    if (!header.empty()) write(std::exchange(header, {}));
+    if (lineEnd && !documentEmpty && before[1] != '\n') write("\n");
 }
 
 bool Utf8Output::finish()

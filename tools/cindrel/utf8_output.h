@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 
 namespace CindrelTool {
 
@@ -18,17 +19,24 @@ public:
     // Characters taken so far that XML 1.0 does not allow in a document (controls other than tab,
     // line feed and carriage return; U+FFFE and U+FFFF). They are written as they are.
     std::size_t forbiddenCharacters() const { return forbidden; }
-    // Starts counting anew for the next document.
-    void resetCounts() { forbidden = 0; }
+    // Starts the next document: counting starts anew, and `header`, when not empty, is written
+    // ahead of its first byte.
+    void startDocument(std::string header);
+    // Ends a document that is kept: a header not yet written goes out for an empty document, and
+    // with `lineEnd` a document that does not end with a line end gets one.
+    void endDocument(bool lineEnd);
 
 private:
     void fail(int number);
     void count(const std::string& text);
+    void write(const std::string& text);
 
     std::FILE* file;
     int firstError = 0;
     bool failed = false;
     std::size_t forbidden = 0;
+    std::string header;
+    bool documentEmpty = true;
     // The last bytes of the piece before, for U+FFFE and U+FFFF cut between two pieces.
     unsigned char before[2] = {0, 0};
 };

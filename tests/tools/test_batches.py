@@ -1,0 +1,110 @@
+"""Batches of the cindrel command: on several cores, in the order given, each file as it would be alone."""
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+TOOL = os.environ.get("CINDREL_TOOL", "cindrel")
+SOURCE = pathlib.Path(os.environ.get("CINDREL_SOURCE_DIR", pathlib.Path(__file__).resolve().parents[2]))
+EXAMPLES = SOURCE / "examples"
+GOLDEN = SOURCE / "tests" / "golden"
+FAIL_BIG_ALLOCATIONS = os.environ.get("CINDREL_FAIL_BIG_ALLOCATIONS", "")
+
+
+def run(*args, env=None):
+    return subprocess.run([TOOL, *map(str, args)], capture_output=True, timeout=60,
+                          env=None if env is None else {**os.environ, **env})
+
+
+def header(path):
+    return b"==> " + bytes(path) + b" <==\n"
+
+
+class Batches(unittest.TestCase):
+    def setUp(self):
+        self.tmp = tempfile.TemporaryDirectory()
+        self.addCleanup(self.tmp.cleanup)
+        self.dir = pathlib.Path(self.tmp.name)
+
+    def mixed_batch(self):
+        """Good files of every kind (the document's sun changed by one, seen by none of the others),
+        damaged, text and unreadable ones, in an order that is not the order of their names."""
+        cut = self.dir / "cut.talmat"
+        cut.write_bytes((EXAMPLES / "car_paint_v2.talmat").read_bytes()[:250])
+        text = self.dir / "text.talopt"
+        text.write_bytes(b"<talopt/>")
+        good = sorted(EXAMPLES.glob("*.t*"), reverse=True) + sorted(EXAMPLES.glob("*.n*"))
+        return [good[0], cut, self.dir / "missing.talmat", *good[1:6], text, EXAMPLES / "sky_document_sun.talmat",
+                *good[6:], EXAMPLES / "sky_shared_sun.talmat", EXAMPLES / "sky_versions.talmat"]
+
+    def test_output_does_not_depend_on_the_number_of_workers(self):
+        batch = self.mixed_batch()
+        results = {jobs: run("-j", jobs, *batch) for jobs in (1, 2, 8)}
+        for jobs in (2, 8):
+            self.assertEqual((results[jobs].returncode, results[jobs].stdout, results[jobs].stderr),
+                             (results[1].returncode, results[1].stdout, results[1].stderr), f"-j {jobs}")
+        self.assertEqual(results[1].returncode, 1)
+        # Each document is the file's own, as converted alone, after a line naming it; the errors
+        # come in the order of the files.
+        expected = b""
+        for path in batch:
+            if path.parent == EXAMPLES:
+                expected += header(path) + (GOLDEN / (path.name + ".xml")).read_bytes()
+            elif path.name == "text.talopt":
+                expected += header(path) + b"<talopt/>\n"
+        self.assertEqual(results[1].stdout, expected)
+        errors = [line for line in results[1].stderr.decode().splitlines() if "warning" not in line]
+        self.assertRegex(errors[0], r"cut\.talmat: damaged binary material file")
+        self.assertRegex(errors[1], r"missing\.talmat: No such file or directory")
+
+    def test_output_folders_are_the_same_with_any_number_of_workers(self):
+        batch = self.mixed_batch()
+        trees = []
+        for jobs in (1, 2):
+            out = self.dir / f"out{jobs}"
+            result = run("--output", out, "-j", jobs, *batch)
+            self.assertEqual(result.returncode, 1)
+            trees.append({p.name: p.read_bytes() for p in out.iterdir()})
+            self.assertEqual(len(result.stdout.splitlines()), len(set(batch)) - 2)  # a file named twice is refused once
+        self.assertEqual(trees[0], trees[1])
+        self.assertEqual(trees[0]["sky_versions.xml"], (GOLDEN / "sky_versions.talmat.xml").read_bytes())
+
+    @unittest.skipUnless(os.path.exists(FAIL_BIG_ALLOCATIONS), "the allocation-failing library is not built here")
+    def test_a_file_that_runs_out_of_memory_fails_alone(self):
+        big = self.dir / "big.talmat"
+        big.write_bytes(b"<talmat>" + b"x" * (8 << 20) + b"</talmat>")
+        batch = [EXAMPLES / "wood_floor.talmat", big, EXAMPLES / "metals.numat"]
+        limited = {"LD_PRELOAD": FAIL_BIG_ALLOCATIONS, "CINDREL_TEST_ALLOCATION_LIMIT": str(4 << 20)}
+        for args in [("-j", 1, *batch), ("-o", self.dir / "out", *batch), (big,)]:
+            with self.subTest(args=args):
+                result = run(*args, env=limited)
+                self.assertEqual(result.returncode, 1)
+                self.assertEqual(result.stderr, f"cindrel: {big}: not enough memory to convert it\n".encode())
+                if len(args) > 1 and args[0] == "-j":
+                    self.assertEqual(result.stdout, header(batch[0]) + (GOLDEN / "wood_floor.talmat.xml").read_bytes() +
+                                     header(batch[2]) + (GOLDEN / "metals.numat.xml").read_bytes())
+        self.assertEqual(sorted(p.name for p in (self.dir / "out").iterdir()), ["metals.xml", "wood_floor.xml"])
+
+    def test_folders_and_output_options(self):
+        empty = self.dir / "empty"
+        (empty / "sub").mkdir(parents=True)
+        (empty / "sub" / "notes.txt").write_text("no material here")
+        result = run(empty)
+        self.assertEqual((result.returncode, result.stdout), (1, b""))
+        self.assertIn(f"cindrel: {empty}: the folder holds no material or options file".encode(), result.stderr)
+        for option in (["-o", self.dir / "a"], ["--output", self.dir / "b"], [f"--output={self.dir / 'c'}"]):
+            with self.subTest(option=option):
+                result = run(*option, EXAMPLES / "wood_floor.talmat")
+                self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertEqual(sorted(p.name for p in self.dir.iterdir()), ["a", "b", "c", "empty"])
+        blocker = self.dir / "file"
+        blocker.write_text("")
+        result = run("-o", blocker / "out", EXAMPLES / "wood_floor.talmat")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn(b"cannot make the folder " + bytes(blocker / "out") + b": Not a directory", result.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()

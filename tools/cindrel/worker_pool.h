@@ -1,0 +1,50 @@
+// WorkerPool: the files of a batch handled in worker processes, on all cores, output in file order.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+
+namespace CindrelTool {
+
+// Conversions take one lock around the model's process-wide state (the scene's materials, the
+// document's sun) from load to the last line of the document, so threads would only wait on each
+// other. The pool forks worker processes instead; each takes files one by one from this process,
+// runs `beforeEach` (which puts the process-wide state back as it was) and the job, and sends back
+// what the job wrote to standard output and standard error.
+//
+// That output reaches this process's own in the order of the jobs, whatever order they finish
+// in: the first unfinished job streams straight through, the others are held until their turn.
+// The result does not depend on the number of workers. A worker that dies takes only its file
+// with it: the file is reported as ended abnormally and a new worker goes on with the rest.
+class WorkerPool {
+public:
+    // Runs in a worker; its exit status. Output goes through stdout and stderr.
+    using Job = std::function<int(std::size_t index)>;
+    // Runs here, in job order, after a job's output has been passed on: the job's exit status, or
+    // -1 and how its worker ended when it died under it.
+    using Ended = std::function<void(std::size_t index, int status, const std::string& abnormalEnd)>;
+
+    explicit WorkerPool(unsigned workers) : workers(workers == 0 ? 1 : workers) {}
+
+    // Runs jobs 0 .. count-1. `beforeOutput` runs here before anything of a job's is written (to
+    // clear a progress line). False, with the system's error number in startError(), when no
+    // worker can be started: the jobs not yet begun are not run.
+    bool run(std::size_t count, const Job& job, const std::function<void()>& beforeEach, const Ended& ended,
+             const std::function<void()>& beforeOutput);
+    int startError() const { return startFailure; }
+    // The system's error number of the first write to standard output or error that failed, or 0;
+    // the batch goes on, and what could not be written is dropped.
+    int outputError() const { return writeFailure; }
+
+private:
+    unsigned workers;
+    int startFailure = 0;
+    int writeFailure = 0;
+};
+
+// Up to this many jobs ahead of the first unfinished one are begun for each worker, so that the
+// output held back for its turn stays bounded.
+inline constexpr std::size_t jobsAheadPerWorker = 4;
+
+}  // namespace CindrelTool
