@@ -9,22 +9,49 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <new>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "materials/diffuse_brdf.h"
-#include "materials/glass_brdf.h"
-#include "materials/glossy_brdf.h"
-#include "materials/material_layered_brdf.h"
+#include "generated_library.h"
+#include "materials/material_layouts.h"
 #include "materials/tal_mat_file.h"
 #include "module/material_conversion.h"
-#include "textures/base_texture.h"
+
+// Every heap allocation of this program is counted, so that the conversion's allocations can be
+// told per file, per material, per asset and per parameter.
+namespace {
+std::atomic<std::size_t> allocations{0};
+
+void* countedAllocation(std::size_t size)
+{
+    allocations.fetch_add(1, std::memory_order_relaxed);
+    if (void* p = std::malloc(size == 0 ? 1 : size)) return p;
+    throw std::bad_alloc();
+}
+}  // namespace
+
+void* operator new(std::size_t size) { return countedAllocation(size); }
+void* operator new[](std::size_t size) { return countedAllocation(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    allocations.fetch_add(1, std::memory_order_relaxed);
+    return std::malloc(size == 0 ? 1 : size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept { return operator new(size, tag); }
+void operator delete(void* p) noexcept { std::free(p); }
+void operator delete[](void* p) noexcept { std::free(p); }
+void operator delete(void* p, std::size_t) noexcept { std::free(p); }
+void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
 
 namespace fs = std::filesystem;
 using namespace TalvexCore;
@@ -32,30 +59,6 @@ using namespace TalvexCore;
 namespace {
 
 constexpr int materialCount = 10000;
-
-std::u16string numbered(const char16_t* stem, int i)
-{
-    std::u16string name = stem;
-    for (char c : std::to_string(i)) name.push_back(static_cast<char16_t>(c));
-    return name;
-}
-
-MaterialPtr makeMaterial(int i)
-{
-    auto diffuse = std::make_shared<Diffuse_BRDF>();
-    diffuse->color = {0.1f * (i % 10), 0.5f, 0.25f};
-    diffuse->color_tex = textureFromFile(numbered(u"maps/albedo_", i) + u".png");
-    auto gloss = std::make_shared<Phong_BRDF>();
-    gloss->reflectionGlossiness = 0.5f + 0.0001f * i;
-    gloss->reflectionGlossiness_tex = textureFromFile(numbered(u"maps/gloss_", i) + u".png");
-    auto glass = std::make_shared<Glass_BRDF>();
-    glass->ior = 1.3f + 0.00001f * i;
-    glass->ior_texture = textureFromFile(numbered(u"maps/ior_", i) + u".png");
-    auto material = std::make_shared<MaterialLayeredBRDF>();
-    material->name = numbered(u"Material_", i);
-    material->brdfs = {diffuse, gloss, glass};
-    return material;
-}
 
 struct RunResult {
     double seconds = 0;
@@ -98,6 +101,14 @@ struct PieceSink {
     }
 };
 
+// One conversion into the sink, as the in-process case runs it.
+void convertIntoPieces(const fs::path& input, PieceSink& sink)
+{
+    std::string text;
+    writeMaterialFileXml(input.u16string(), text, [&sink](std::string& t) { sink.take(t, false); });
+    sink.take(text, true);
+}
+
 template <class Run>
 double bestSeconds(int rounds, Run run)
 {
@@ -115,12 +126,7 @@ double bestSeconds(int rounds, Run run)
 bool reportConversionIntoPieces(const fs::path& input, const std::string& xml)
 {
     PieceSink sink;
-    const std::u16string path = input.u16string();
-    const double convert = bestSeconds(3, [&] {
-        std::string text;
-        writeMaterialFileXml(path, text, [&sink](std::string& t) { sink.take(t, false); });
-        sink.take(text, true);
-    });
+    const double convert = bestSeconds(3, [&] { convertIntoPieces(input, sink); });
     const double move = bestSeconds(20, [&] {
         std::string text;
         for (std::size_t done = 0; done < xml.size(); done += 1u << 16) {
@@ -133,6 +139,67 @@ bool reportConversionIntoPieces(const fs::path& input, const std::string& xml)
     std::printf("in process: conversion %.3f s, moving its XML %.4f s\n", convert, move);
     std::printf("conversion / moving the XML  %8.1fx  (target: at most 12x)  %s\n", convert / move,
                 ok ? "ok" : "OVER TARGET");
+    return ok;
+}
+
+std::size_t occurrences(const std::string& text, std::string_view word)
+{
+    std::size_t count = 0;
+    for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + word.size())) ++count;
+    return count;
+}
+
+// Heap allocations of one conversion of a generated library: the load alone, and the whole
+// conversion less the load; assets and parameters counted in its XML.
+struct Allocations {
+    std::size_t load = 0;
+    std::size_t emit = 0;
+    std::size_t assets = 0;
+    std::size_t parameters = 0;
+};
+
+Allocations countAllocations(const fs::path& input)
+{
+    Allocations counted;
+    const std::string xml = materialFileToXml(input.u16string());
+    counted.assets = occurrences(xml, "<Asset ");
+    counted.parameters = occurrences(xml, "<parameter ");
+    PieceSink sink;
+    convertIntoPieces(input, sink);  // anything made once per process is made before counting
+    std::size_t before = allocations.load();
+    {
+        TalMatFile file;
+        file.load(input.u16string());
+    }
+    counted.load = allocations.load() - before;
+    before = allocations.load();
+    convertIntoPieces(input, sink);
+    counted.emit = allocations.load() - before - counted.load;
+    return counted;
+}
+
+// Allocations of a one-material and a hundred-material library: what a file costs whatever its
+// size, and what each further material, asset and parameter adds; false when emitting allocates
+// for each asset or parameter.
+bool reportAllocations(const fs::path& dir)
+{
+    Allocations one, hundred;
+    for (const auto& [count, result] : {std::pair{1, &one}, std::pair{100, &hundred}}) {
+        const fs::path input = dir / ("library_" + std::to_string(count) + ".talmat");
+        if (!writeGeneratedLibrary(input, count)) return false;
+        *result = countAllocations(input);
+    }
+    const double loadEach = (hundred.load - static_cast<double>(one.load)) / 99;
+    const double emitEach = (hundred.emit - static_cast<double>(one.emit)) / 99;
+    const double assetsEach = (hundred.assets - static_cast<double>(one.assets)) / 99;
+    const double parametersEach = (hundred.parameters - static_cast<double>(one.parameters)) / 99;
+    std::printf("allocations of one conversion: 1 material: load %zu, emit %zu; 100 materials: load %zu, emit %zu\n",
+                one.load, one.emit, hundred.load, hundred.emit);
+    std::printf("each further material (%.0f assets, %.0f parameters): load %.1f, emit %.1f allocations\n",
+                assetsEach, parametersEach, loadEach, emitEach);
+    const bool ok = emitEach == 0;
+    std::printf("emit allocations per asset %.2f, per parameter %.3f  (target: 0)  %s\n", emitEach / assetsEach,
+                emitEach / parametersEach, ok ? "ok" : "OVER TARGET");
     return ok;
 }
 
@@ -184,20 +251,36 @@ bool reportPythonCommand(const fs::path& input, double parseSeconds)
 
 }  // namespace
 
-int main()
+int main(int argc, char** argv)
 {
+    // For instruction counts: a library written, or one file converted once into the sink; or the
+    // allocation counts alone.
+    const std::string mode = argc > 1 ? argv[1] : "";
+    if (mode == "--write" && argc == 4) return writeGeneratedLibrary(argv[3], std::atoi(argv[2])) ? 0 : 1;
+    if (mode == "--convert" && argc == 3) {
+        PieceSink sink;
+        convertIntoPieces(argv[2], sink);
+        return sink.taken > 0 ? 0 : 1;
+    }
+    if (mode == "--allocations" && argc == 2) {
+        const fs::path dir = fs::temp_directory_path() / "cindrel_allocation_count";
+        fs::create_directories(dir);
+        const bool ok = reportAllocations(dir);
+        fs::remove_all(dir);
+        return ok ? 0 : 1;
+    }
+    if (argc > 1) {
+        std::fprintf(stderr, "usage: conversion_bench [--write MATERIALS FILE | --convert FILE | --allocations]\n");
+        return 2;
+    }
+
     const fs::path dir = fs::temp_directory_path() / "cindrel_conversion_bench";
     fs::create_directories(dir);
     const fs::path input = dir / "library.talmat";
     const fs::path xml = dir / "library.xml";
-    {
-        TalMatFile file;
-        for (int i = 0; i < materialCount; ++i) file.materials.push_back(makeMaterial(i));
-        std::ofstream out(input, std::ios::binary);
-        if (!file.save(out)) {
-            std::fprintf(stderr, "conversion_bench: the generated library did not save\n");
-            return 1;
-        }
+    if (!writeGeneratedLibrary(input, materialCount)) {
+        std::fprintf(stderr, "conversion_bench: the generated library did not save\n");
+        return 1;
     }
 
     RunResult best;
@@ -231,6 +314,7 @@ int main()
     }
     reportConversionIntoPieces(input, xmlText);
     reportPythonCommand(input, bestParse.seconds);
+    reportAllocations(dir);
     fs::remove_all(dir);
     return 0;
 }

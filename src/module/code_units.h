@@ -62,15 +62,13 @@ std::vector<Unit> fromUtf16Units(std::u16string_view text)
     return out;
 }
 
-// UTF-8 text whose lone surrogates stand as their own three bytes, up to its first zero, as
-// zero-terminated wide text of `Unit`: the text fromUtf16Units gives for the same 16-bit units.
+// UTF-8 text whose lone surrogates stand as their own three bytes, up to its first zero, unit by
+// unit: `emit(unit)` for each unit of the text fromUtf16Units gives for the same 16-bit units.
 // Units of 16 bits take a character above the basic plane as a surrogate pair.
-template <class Unit>
-std::vector<Unit> fromUtf8Units(std::string_view text)
+template <class Unit, class Emit>
+void forEachUtf8Unit(std::string_view text, Emit emit)
 {
     if (const auto zero = text.find('\0'); zero != std::string_view::npos) text = text.substr(0, zero);
-    std::vector<Unit> out;
-    out.reserve(text.size() + 1);
     for (std::size_t i = 0; i < text.size();) {
         const unsigned char lead = static_cast<unsigned char>(text[i]);
         const std::size_t length = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
@@ -81,12 +79,21 @@ std::vector<Unit> fromUtf8Units(std::string_view text)
         if constexpr (sizeof(Unit) == sizeof(char16_t)) {
             if (c >= 0x10000) {
                 c -= 0x10000;
-                out.push_back(static_cast<Unit>(0xD800 + (c >> 10)));
+                emit(static_cast<Unit>(0xD800 + (c >> 10)));
                 c = 0xDC00 + (c & 0x3FF);
             }
         }
-        out.push_back(static_cast<Unit>(c));
+        emit(static_cast<Unit>(c));
     }
+}
+
+// The same units as zero-terminated wide text of `Unit`.
+template <class Unit>
+std::vector<Unit> fromUtf8Units(std::string_view text)
+{
+    std::vector<Unit> out;
+    out.reserve(text.size() + 1);
+    forEachUtf8Unit<Unit>(text, [&out](Unit unit) { out.push_back(unit); });
     out.push_back(0);
     return out;
 }

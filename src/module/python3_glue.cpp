@@ -1,10 +1,13 @@
 // The module under Python 3, within the stable ABI, so that one built file imports in every Python 3:
 // the entry PyInit_Cindrel, the path as a str through its UTF-16 form, and the result as a str built
 // once from the document's UTF-8.
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "archive/text_conversion.h"
+#include "module/document_pieces.h"
+#include "module/populated_text.h"
 #include "module/python_module.h"
 
 namespace TalvexCore {
@@ -50,11 +53,36 @@ bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, 
     return true;
 }
 
-PyObject* buildResult(const std::string& text)
+namespace {
+
+// The document's UTF-8 is gathered whole in memory mapped ahead in bulk, the writer going on in the
+// same string; the str is then made of it in one step. Memory first touched page by page is costly,
+// and so the document is touched that way only once, as the result itself.
+class Python3Result : public ResultBuilder {
+public:
+    void take(std::string& text, bool last, PyThreadState*& /*released*/) override
+    {
+        if (text.empty() || (!last && text.size() < DocumentPieces::pieceSize)) return;
+        utf8.append(text);
+        text.clear();
+    }
+
+    PyObject* finish() override
+    {
+        std::string_view text = utf8.view();
+        text = text.substr(0, text.find('\0'));
+        return PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), "surrogatepass");
+    }
+
+private:
+    PopulatedText utf8;
+};
+
+}  // namespace
+
+std::unique_ptr<ResultBuilder> makeResultBuilder()
 {
-    const auto zero = text.find('\0');
-    const std::size_t length = zero == std::string::npos ? text.size() : zero;
-    return PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(length), "surrogatepass");
+    return std::make_unique<Python3Result>();
 }
 
 }  // namespace TalvexCore

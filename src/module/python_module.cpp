@@ -17,10 +17,11 @@ namespace {
 
 PyObject* moduleError = nullptr;
 
+using Conversion = void (*)(const std::u16string& path, std::string& text, const AssetXmlWriter::Utf8FlushSink& sink);
+
 // Runs a command; no C++ exception passes into the interpreter.
-template <class Convert>
 PyObject* runCommand(const char* command, PyObject* args, PyObject* keywords,
-                     bool (*matches)(const std::u16string&), Convert conversion)
+                     bool (*matches)(const std::u16string&), Conversion conversion)
 {
     try {
         std::u16string path;
@@ -28,18 +29,20 @@ PyObject* runCommand(const char* command, PyObject* args, PyObject* keywords,
         // A path of the wrong kind answers null with no exception set, as the command always has.
         if (!matches(path)) return nullptr;
         // The file is read and converted with the interpreter's lock released, so that the host's
-        // other threads go on; nothing in between touches the interpreter.
-        std::string text;
+        // other threads go on; nothing in between touches the interpreter but the result's builder.
+        const std::unique_ptr<ResultBuilder> result = makeResultBuilder();
         std::exception_ptr failure;
-        Py_BEGIN_ALLOW_THREADS
+        PyThreadState* released = PyEval_SaveThread();
         try {
-            text = conversion(path, LoneSurrogates::Kept);
+            std::string text;
+            conversion(path, text, [&result, &released](std::string& t) { result->take(t, false, released); });
+            result->take(text, true, released);
         } catch (...) {
             failure = std::current_exception();
         }
-        Py_END_ALLOW_THREADS
+        PyEval_RestoreThread(released);
         if (failure) std::rethrow_exception(failure);
-        return buildResult(text);
+        return result->finish();
     } catch (const std::bad_alloc&) {
         return PyErr_NoMemory();
     } catch (const std::exception& e) {
@@ -53,12 +56,18 @@ PyObject* runCommand(const char* command, PyObject* args, PyObject* keywords,
 
 PyObject* getTalmatXml(PyObject* /*self*/, PyObject* args, PyObject* keywords)
 {
-    return runCommand("getTalmatXml", args, keywords, isMaterialFilePath, materialFileToXml);
+    return runCommand("getTalmatXml", args, keywords, isMaterialFilePath,
+                      [](const std::u16string& path, std::string& text, const AssetXmlWriter::Utf8FlushSink& sink) {
+                          writeMaterialFileXml(path, text, sink, nullptr, LoneSurrogates::Kept);
+                      });
 }
 
 PyObject* getTaloptXml(PyObject* /*self*/, PyObject* args, PyObject* keywords)
 {
-    return runCommand("getTaloptXml", args, keywords, isOptionsFilePath, optionsFileToXml);
+    return runCommand("getTaloptXml", args, keywords, isOptionsFilePath,
+                      [](const std::u16string& path, std::string& text, const AssetXmlWriter::Utf8FlushSink& sink) {
+                          writeOptionsFileXml(path, text, sink, LoneSurrogates::Kept);
+                      });
 }
 
 // A command that takes keywords, in the method table's plain function type.

@@ -6,6 +6,7 @@
 #define PY_SSIZE_T_CLEAN
 #include <Python.h>
 
+#include <memory>
 #include <string>
 
 namespace TalvexCore {
@@ -27,8 +28,19 @@ bool addModuleVersion(PyObject* module);
 // are refused.
 bool parsePathArgument(PyObject* args, PyObject* keywords, const char* command, std::u16string& path);
 
-// Defined by the glue. The UTF-8 text up to its first zero character, as a new Unicode object; a lone
-// surrogate of the text stands as its own three bytes and comes back as the same lone surrogate.
-PyObject* buildResult(const std::string& text);
+// Defined by the glue. The result of a command: the document's UTF-8 up to its first zero
+// character as a new Unicode object; a lone surrogate of the text stands as its own three bytes and
+// comes back as the same lone surrogate. The conversion runs with the interpreter's lock released
+// (`released` holds the thread's state) and hands its text to `take` as it grows, whole characters
+// at a time, and once more with `last` set; `take` keeps what it needs and may empty the text, and
+// may take the lock back for a moment. `finish` runs with the lock held and answers the object, or
+// null with the interpreter's exception set.
+class ResultBuilder {
+public:
+    virtual ~ResultBuilder() = default;
+    virtual void take(std::string& text, bool last, PyThreadState*& released) = 0;
+    virtual PyObject* finish() = 0;
+};
+std::unique_ptr<ResultBuilder> makeResultBuilder();
 
 }  // namespace TalvexCore

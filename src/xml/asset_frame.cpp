@@ -11,10 +11,13 @@ AssetFrame::AssetFrame(AssetXmlWriter& writer, const TalvexXMLSerializable& self
     // Every slot has its url, present or not: an empty child's parameter still names nothing there.
     children.reserve(slots.size());
     for (const ChildSlot& slot : slots) {
-        std::u16string childUrl = assetUrl;
+        std::u16string childUrl;
+        const std::string_view word = slot.urlWord ? std::string_view(slot.urlWord) : std::string_view();
+        childUrl.reserve(assetUrl.size() + 1 + word.size());
+        childUrl = assetUrl;
         if (slot.urlWord) {
             childUrl += u'/';
-            appendNarrowAsWide(childUrl, slot.urlWord);
+            appendNarrowAsWide(childUrl, word);
         }
         children.push_back({slot, std::move(childUrl)});
     }

@@ -1,6 +1,8 @@
 #include "xml/asset_xml_writer.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstring>
 
 #include "archive/text_conversion.h"
 #include "records/transform_components.h"
@@ -9,6 +11,9 @@
 namespace TalvexCore {
 
 namespace {
+
+// Wide text up to this length is written in one pass, straight into the stage.
+constexpr std::size_t shortText = 2048;
 
 // Indentation is cut from one prepared run of blanks.
 constexpr std::string_view blanks = "                                                                ";
@@ -32,12 +37,109 @@ void replaceAll(std::u16string& text, std::u16string_view from, std::u16string_v
 
 bool needsEscaping(std::u16string_view text)
 {
-    return text.find_first_of(u"&<>") != std::u16string_view::npos;
+    for (const char16_t c : text)
+        if (c == u'&' || c == u'<' || c == u'>') return true;
+    return false;
+}
+
+// Length of the run of ASCII characters other than zero at the start of the text, eight at a time.
+std::size_t asciiRun(std::string_view text)
+{
+    // A byte with its high bit set, or a zero byte (whose borrow sets it), ends the run.
+    const auto plainAt = [&text](std::size_t at) {
+        uint64_t word;
+        std::memcpy(&word, text.data() + at, 8);
+        return (((word - 0x0101010101010101) | word) & 0x8080808080808080) == 0;
+    };
+    std::size_t i = 0;
+    for (; i + 8 <= text.size() && plainAt(i); i += 8) {}
+    // The last eight bytes, overlapping what was read, settle most texts without a byte loop.
+    if (i + 8 > text.size() && text.size() >= 8 && plainAt(text.size() - 8)) return text.size();
+    while (i < text.size() && static_cast<unsigned char>(text[i] - 1) < 0x7F) ++i;
+    return i;
+}
+
+bool isHighSurrogate(char16_t c) { return c >= 0xD800 && c <= 0xDBFF; }
+bool isLowSurrogate(char16_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
+
+char* encode3(char* out, char32_t cp)
+{
+    out[0] = static_cast<char>(0xE0 | (cp >> 12));
+    out[1] = static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+    out[2] = static_cast<char>(0x80 | (cp & 0x3F));
+    return out + 3;
+}
+
+// The writer's own UTF-8 back to wide text for a wide stream: whole sequences only, a lone
+// surrogate's three bytes included.
+void appendStagedAsWide(std::u16string& out, std::string_view utf8)
+{
+    const auto* p = reinterpret_cast<const unsigned char*>(utf8.data());
+    const auto* const end = p + utf8.size();
+    out.reserve(out.size() + utf8.size());
+    while (p < end) {
+        const unsigned char lead = *p;
+        if (lead < 0x80) {
+            out.push_back(lead);
+            ++p;
+        } else if (lead < 0xE0 && p + 1 < end) {
+            out.push_back(static_cast<char16_t>(((lead & 0x1F) << 6) | (p[1] & 0x3F)));
+            p += 2;
+        } else if (lead < 0xF0 && p + 2 < end) {
+            out.push_back(static_cast<char16_t>(((lead & 0x0F) << 12) | ((p[1] & 0x3F) << 6) | (p[2] & 0x3F)));
+            p += 3;
+        } else if (p + 3 < end) {
+            const char32_t cp = ((lead & 0x07) << 18) | ((p[1] & 0x3F) << 12) | ((p[2] & 0x3F) << 6) | (p[3] & 0x3F);
+            out.push_back(static_cast<char16_t>(0xD800 + ((cp - 0x10000) >> 10)));
+            out.push_back(static_cast<char16_t>(0xDC00 + ((cp - 0x10000) & 0x3FF)));
+            p += 4;
+        } else {
+            break;
+        }
+    }
+}
+
+// Encodes units from `in` up to `end` as UTF-8 at `out`, which has room for three bytes a unit;
+// a pair may take the unit at `end` when `pairEnd` lets it. With `upToZero`, a zero unit ends the
+// text; with `escapable`, "&", "<" or ">" ends the encoding too. Answers where the output ends, and
+// leaves `in` at the unit that stopped it.
+template <bool upToZero, bool escapable>
+char* encodeWide(const char16_t*& in, const char16_t* end, const char16_t* pairEnd, char* out,
+                 LoneSurrogates loneSurrogates)
+{
+    while (in < end) {
+        const char16_t c = *in;
+        if (c < 0x80) {
+            if constexpr (upToZero)
+                if (c == 0) return out;
+            if constexpr (escapable)
+                if (c == u'&' || c == u'<' || c == u'>') return out;
+            *out++ = static_cast<char>(c);
+            ++in;
+            continue;
+        }
+        ++in;
+        if (c < 0x800) {
+            *out++ = static_cast<char>(0xC0 | (c >> 6));
+            *out++ = static_cast<char>(0x80 | (c & 0x3F));
+        } else if (isHighSurrogate(c) && in < pairEnd && isLowSurrogate(*in)) {
+            const char32_t cp = 0x10000 + ((char32_t(c) - 0xD800) << 10) + (*in++ - 0xDC00);
+            *out++ = static_cast<char>(0xF0 | (cp >> 18));
+            *out++ = static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
+            *out++ = static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+            *out++ = static_cast<char>(0x80 | (cp & 0x3F));
+        } else if (isHighSurrogate(c) || isLowSurrogate(c)) {
+            out = encode3(out, loneSurrogates == LoneSurrogates::Replaced ? 0xFFFD : c);
+        } else {
+            out = encode3(out, c);
+        }
+    }
+    return out;
 }
 
 }  // namespace
 
-AssetXmlWriter::AssetXmlWriter(std::u16string& stream) : wideOut(&stream) {}
+AssetXmlWriter::AssetXmlWriter(std::u16string& stream) : wideOut(&stream), loneSurrogates(LoneSurrogates::Kept) {}
 
 AssetXmlWriter::AssetXmlWriter(std::string& utf8Stream, LoneSurrogates loneSurrogates)
     : utf8Out(&utf8Stream), loneSurrogates(loneSurrogates)
@@ -46,49 +148,112 @@ AssetXmlWriter::AssetXmlWriter(std::string& utf8Stream, LoneSurrogates loneSurro
 
 void AssetXmlWriter::flush()
 {
+    spill();
     if (wideOut && flushSink) flushSink(*wideOut);
     if (utf8Out && utf8FlushSink) utf8FlushSink(*utf8Out);
 }
 
-void AssetXmlWriter::put(std::string_view ascii)
+void AssetXmlWriter::spill()
 {
-    if (utf8Out) utf8Out->append(ascii);
-    else wideOut->append(ascii.begin(), ascii.end());
+    if (staged == 0) return;
+    if (utf8Out) utf8Out->append(stage, staged);
+    else appendStagedAsWide(*wideOut, std::string_view(stage, staged));
+    staged = 0;
 }
 
-void AssetXmlWriter::putChar(char ascii)
+// Text longer than the stage goes to the stream as it stands, behind what was gathered.
+void AssetXmlWriter::spillLarge(std::string_view utf8)
 {
-    if (utf8Out) utf8Out->push_back(ascii);
-    else wideOut->push_back(static_cast<char16_t>(ascii));
+    spill();
+    if (utf8Out) utf8Out->append(utf8);
+    else appendStagedAsWide(*wideOut, utf8);
 }
 
+inline char* AssetXmlWriter::room(std::size_t n)
+{
+    if (staged + n > stageSize) [[unlikely]] spill();
+    return stage + staged;
+}
+
+inline void AssetXmlWriter::put(std::string_view ascii)
+{
+    if (ascii.size() > stageSize / 2) [[unlikely]] {
+        spillLarge(ascii);
+        return;
+    }
+    std::memcpy(room(ascii.size()), ascii.data(), ascii.size());
+    staged += ascii.size();
+}
+
+inline void AssetXmlWriter::putChar(char ascii)
+{
+    *room(1) = ascii;
+    ++staged;
+}
+
+// Narrow text as narrowToWide would read it: up to its first zero byte, as UTF-8 where the whole
+// of it is valid UTF-8, else as Windows-1252. An ASCII start reads the same either way.
+void AssetXmlWriter::putNarrow(std::string_view text)
+{
+    const std::size_t ascii = asciiRun(text);
+    put(text.substr(0, ascii));
+    if (ascii == text.size() || text[ascii] == '\0') return;
+    std::string converted;
+    appendNarrowAsUtf8(converted, text.substr(ascii));
+    put(converted);
+}
+
+// The model's wide text, all of it, turned into UTF-8 straight into the stage, in pieces that
+// never part a surrogate pair.
 void AssetXmlWriter::putWide(std::u16string_view text)
 {
-    if (utf8Out) appendWideAsNarrow(*utf8Out, text, loneSurrogates);
-    else wideOut->append(text);
+    const char16_t* in = text.data();
+    const char16_t* const end = in + text.size();
+    while (in < end) {
+        const char16_t* const pieceEnd = in + std::min<std::size_t>(static_cast<std::size_t>(end - in), stageSize / 4);
+        char* const start = room(3 * static_cast<std::size_t>(pieceEnd - in) + 3);
+        staged += static_cast<std::size_t>(encodeWide<false, false>(in, pieceEnd, end, start, loneSurrogates) - start);
+    }
 }
 
 void AssetXmlWriter::putText(const XmlText& text)
 {
-    if (utf8Out) text.appendUtf8To(*utf8Out, loneSurrogates);
-    else text.appendTo(*wideOut);
+    if (!text.isWideText()) {
+        putNarrow(text.narrowText());
+        return;
+    }
+    // Short text goes in one pass that stops at a zero; long text is cut first and goes in pieces.
+    const std::u16string_view wide = text.wideText();
+    if (wide.size() > shortText) {
+        putWide(wide.substr(0, std::min(wide.size(), wide.find(u'\0'))));
+        return;
+    }
+    const char16_t* in = wide.data();
+    char* const start = room(3 * wide.size());
+    staged += static_cast<std::size_t>(
+        encodeWide<true, false>(in, in + wide.size(), in + wide.size(), start, loneSurrogates) - start);
 }
 
 void AssetXmlWriter::putFloat(float value)
 {
-    if (utf8Out) appendFloat(*utf8Out, value);
-    else appendFloat(*wideOut, value);
+    staged += formatFloat(room(floatTextSize), value);
 }
 
 void AssetXmlWriter::putInt(int32_t value)
 {
-    if (utf8Out) appendInt(*utf8Out, value);
-    else appendInt(*wideOut, value);
+    char* const start = room(16);
+    staged += static_cast<std::size_t>(std::to_chars(start, start + 16, value).ptr - start);
 }
 
 void AssetXmlWriter::indent()
 {
     std::size_t width = 2 * static_cast<std::size_t>(std::max(indentLevel, 0));
+    if (width <= blanks.size()) {
+        // The whole run is copied, which the compiler does in a few moves, and the width kept.
+        std::memcpy(room(blanks.size()), blanks.data(), blanks.size());
+        staged += width;
+        return;
+    }
     for (; width > blanks.size(); width -= blanks.size()) put(blanks);
     put(blanks.substr(0, width));
 }
@@ -110,7 +275,25 @@ void AssetXmlWriter::lineAscii(std::string_view text)
 void AssetXmlWriter::appendEscaped(const XmlText& text)
 {
     std::u16string scratch;
-    const std::u16string_view view = text.wideView(scratch);
+    std::u16string_view view;
+    if (text.isWideText()) {
+        // Most urls need no escaping: short text goes in one pass that gives up at the first
+        // character to escape, having kept nothing.
+        view = text.wideText();
+        if (view.size() <= shortText) {
+            const char16_t* in = view.data();
+            const char16_t* const end = in + view.size();
+            char* const start = room(3 * view.size());
+            char* const out = encodeWide<true, true>(in, end, end, start, loneSurrogates);
+            if (in == end || *in == 0) {
+                staged += static_cast<std::size_t>(out - start);
+                return;
+            }
+        }
+        view = view.substr(0, std::min(view.size(), view.find(u'\0')));
+    } else {
+        view = text.wideView(scratch);
+    }
     if (needsEscaping(view)) putWide(escapeXml(view, true));
     else putWide(view);
 }
@@ -121,6 +304,7 @@ void AssetXmlWriter::openRoot(XmlText tag)
     putChar('<');
     putWide(rootTag);
     put(">\n");
+    spill();
 }
 
 void AssetXmlWriter::closeRoot()
@@ -138,6 +322,7 @@ void AssetXmlWriter::openTag(XmlText tag)
     putChar('<');
     putText(tag);
     put(">\n");
+    spill();
 }
 
 void AssetXmlWriter::closeTag(XmlText tag)
@@ -147,6 +332,7 @@ void AssetXmlWriter::closeTag(XmlText tag)
     putText(tag);
     put(">\n");
     --indentLevel;
+    spill();
 }
 
 void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout)
@@ -160,12 +346,14 @@ void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout)
     put("\" url=\"");
     appendEscaped(url);
     put("\" >\n");
+    spill();
 }
 
 void AssetXmlWriter::closeAsset()
 {
     lineAscii("</Asset>");
     --indentLevel;
+    spill();
 }
 
 void AssetXmlWriter::openPlugin(XmlText name, XmlText type)
@@ -179,6 +367,7 @@ void AssetXmlWriter::openPlugin(XmlText name, XmlText type)
     put("\" type=\"");
     putText(type);
     put("\">\n");
+    spill();
 }
 
 void AssetXmlWriter::closePlugin()
@@ -195,6 +384,7 @@ void AssetXmlWriter::openParameters()
     ++indentLevel;
     lineAscii("<parameters>");
     ++indentLevel;
+    spill();
 }
 
 void AssetXmlWriter::closeParameters()
@@ -202,19 +392,35 @@ void AssetXmlWriter::closeParameters()
     --indentLevel;
     lineAscii("</parameters>");
     --indentLevel;
+    spill();
 }
 
-void AssetXmlWriter::parameterHead(std::string_view type, const XmlText& name, std::string_view handler,
+namespace {
+
+// The prepared openings of the parameter forms, and the common handler and list type.
+constexpr std::string_view floatHead = "<parameter type=\"float\" name=\"";
+constexpr std::string_view integerHead = "<parameter type=\"integer\" name=\"";
+constexpr std::string_view boolHead = "<parameter type=\"bool\" name=\"";
+constexpr std::string_view stringHead = "<parameter type=\"string\" name=\"";
+constexpr std::string_view pluginHead = "<parameter type=\"plugin\" name=\"";
+constexpr std::string_view colorHead = "<parameter type=\"color\" name=\"";
+constexpr std::string_view acolorHead = "<parameter type=\"acolor\" name=\"";
+constexpr std::string_view vectorHead = "<parameter type=\"vector\" name=\"";
+constexpr std::string_view matrixHead = "<parameter type=\"matrix\" name=\"";
+constexpr std::string_view transformHead = "<parameter type=\"transform\" name=\"";
+constexpr std::string_view listHead = "<parameter type=\"list\" name=\"";
+constexpr std::string_view byDefault = "\" handler=\"default\" listType=\"";
+constexpr std::string_view byFileBrowser = "\" handler=\"FileBrowserHandler\" listType=\"";
+
+}  // namespace
+
+void AssetXmlWriter::parameterHead(std::string_view opening, const XmlText& name, std::string_view handlerAndList,
                                    const XmlText& listType, const XmlText& label, bool isUserData)
 {
     indent();
-    put("<parameter type=\"");
-    put(type);
-    put("\" name=\"");
+    put(opening);
     putText(name);
-    put("\" handler=\"");
-    put(handler);
-    put("\" listType=\"");
+    put(handlerAndList);
     putText(listType);
     put(isUserData ? std::string_view("\" isUserData=\"1\" label=\"") : std::string_view("\" label=\""));
     putText(label.empty() ? name : label);
@@ -238,6 +444,7 @@ void AssetXmlWriter::inlineValueEnd()
 {
     put("</value>\n");
     parameterEnd();
+    spill();
 }
 
 void AssetXmlWriter::blockValueStart()
@@ -251,11 +458,12 @@ void AssetXmlWriter::blockValueEnd()
     --indentLevel;
     lineAscii("</value>");
     parameterEnd();
+    spill();
 }
 
 void AssetXmlWriter::writeFloat(XmlText name, float value, XmlText label, bool isUserData)
 {
-    parameterHead("float", name, "default", "none", label, isUserData);
+    parameterHead(floatHead, name, byDefault, "none", label, isUserData);
     inlineValueStart();
     putFloat(value);
     inlineValueEnd();
@@ -263,7 +471,7 @@ void AssetXmlWriter::writeFloat(XmlText name, float value, XmlText label, bool i
 
 void AssetXmlWriter::writeInt(XmlText name, int32_t value, XmlText label, bool isUserData)
 {
-    parameterHead("integer", name, "default", "none", label, isUserData);
+    parameterHead(integerHead, name, byDefault, "none", label, isUserData);
     inlineValueStart();
     putInt(value);
     inlineValueEnd();
@@ -271,7 +479,7 @@ void AssetXmlWriter::writeInt(XmlText name, int32_t value, XmlText label, bool i
 
 void AssetXmlWriter::writeBool(XmlText name, bool value, XmlText label, bool isUserData)
 {
-    parameterHead("bool", name, "default", "none", label, isUserData);
+    parameterHead(boolHead, name, byDefault, "none", label, isUserData);
     inlineValueStart();
     putChar(value ? '1' : '0');
     inlineValueEnd();
@@ -279,7 +487,7 @@ void AssetXmlWriter::writeBool(XmlText name, bool value, XmlText label, bool isU
 
 void AssetXmlWriter::writeString(XmlText name, XmlText value, XmlText label, bool isUserData)
 {
-    parameterHead("string", name, "default", "none", label, isUserData);
+    parameterHead(stringHead, name, byDefault, "none", label, isUserData);
     inlineValueStart();
     putText(value);
     inlineValueEnd();
@@ -287,7 +495,7 @@ void AssetXmlWriter::writeString(XmlText name, XmlText value, XmlText label, boo
 
 void AssetXmlWriter::writeFileString(XmlText name, XmlText value, XmlText label, bool isUserData)
 {
-    parameterHead("string", name, "FileBrowserHandler", "none", label, isUserData);
+    parameterHead(stringHead, name, byFileBrowser, "none", label, isUserData);
     inlineValueStart();
     appendEscaped(value);
     inlineValueEnd();
@@ -295,7 +503,7 @@ void AssetXmlWriter::writeFileString(XmlText name, XmlText value, XmlText label,
 
 void AssetXmlWriter::writePluginName(XmlText name, XmlText value, XmlText label)
 {
-    parameterHead("plugin", name, "default", "none", label, false);
+    parameterHead(pluginHead, name, byDefault, "none", label, false);
     inlineValueStart();
     putText(value);
     inlineValueEnd();
@@ -303,9 +511,10 @@ void AssetXmlWriter::writePluginName(XmlText name, XmlText value, XmlText label)
 
 void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref, XmlText url, XmlText label)
 {
-    parameterHead("plugin", name, "default", "none", label, false);
+    parameterHead(pluginHead, name, byDefault, "none", label, false);
     if (!ref) {
         parameterEnd();
+        spill();
         return;
     }
     inlineValueStart();
@@ -317,65 +526,57 @@ void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref,
     inlineValueEnd();
 }
 
-void AssetXmlWriter::floatLine(std::string_view tag, float value)
+void AssetXmlWriter::floatLine(std::string_view open, std::string_view close, float value)
 {
     indent();
-    putChar('<');
-    put(tag);
-    putChar('>');
+    put(open);
     putFloat(value);
-    put("</");
-    put(tag);
-    put(">\n");
+    put(close);
 }
 
-void AssetXmlWriter::intLine(std::string_view tag, int32_t value)
+void AssetXmlWriter::intLine(std::string_view open, std::string_view close, int32_t value)
 {
     indent();
-    putChar('<');
-    put(tag);
-    putChar('>');
+    put(open);
     putInt(value);
-    put("</");
-    put(tag);
-    put(">\n");
+    put(close);
 }
 
 void AssetXmlWriter::vectorBlock(const Vector& v)
 {
     lineAscii("<vector>");
     ++indentLevel;
-    floatLine("x", v.x);
-    floatLine("y", v.y);
-    floatLine("z", v.z);
+    floatLine("<x>", "</x>\n", v.x);
+    floatLine("<y>", "</y>\n", v.y);
+    floatLine("<z>", "</z>\n", v.z);
     --indentLevel;
     lineAscii("</vector>");
 }
 
 void AssetXmlWriter::writeColor(XmlText name, const Color& value, XmlText label)
 {
-    parameterHead("color", name, "default", "none", label, false);
+    parameterHead(colorHead, name, byDefault, "none", label, false);
     blockValueStart();
-    floatLine("r", value.r);
-    floatLine("g", value.g);
-    floatLine("b", value.b);
+    floatLine("<r>", "</r>\n", value.r);
+    floatLine("<g>", "</g>\n", value.g);
+    floatLine("<b>", "</b>\n", value.b);
     blockValueEnd();
 }
 
 void AssetXmlWriter::writeAColor(XmlText name, const AColor& value, XmlText label)
 {
-    parameterHead("acolor", name, "default", "none", label, false);
+    parameterHead(acolorHead, name, byDefault, "none", label, false);
     blockValueStart();
-    floatLine("r", value.r);
-    floatLine("g", value.g);
-    floatLine("b", value.b);
-    floatLine("a", value.a);
+    floatLine("<r>", "</r>\n", value.r);
+    floatLine("<g>", "</g>\n", value.g);
+    floatLine("<b>", "</b>\n", value.b);
+    floatLine("<a>", "</a>\n", value.a);
     blockValueEnd();
 }
 
 void AssetXmlWriter::writeVector(XmlText name, const Vector& value, XmlText label)
 {
-    parameterHead("vector", name, "default", "none", label, false);
+    parameterHead(vectorHead, name, byDefault, "none", label, false);
     blockValueStart();
     vectorBlock(value);
     blockValueEnd();
@@ -383,7 +584,7 @@ void AssetXmlWriter::writeVector(XmlText name, const Vector& value, XmlText labe
 
 void AssetXmlWriter::writeMatrix(XmlText name, const Matrix& value, XmlText label)
 {
-    parameterHead("matrix", name, "default", "none", label, false);
+    parameterHead(matrixHead, name, byDefault, "none", label, false);
     blockValueStart();
     putChar('\n');  // the matrix form keeps an empty line behind its value tag
     lineAscii("<matrix>");
@@ -396,49 +597,50 @@ void AssetXmlWriter::writeMatrix(XmlText name, const Matrix& value, XmlText labe
 
 void AssetXmlWriter::writeTransform(XmlText name, const Transform& value, XmlText label)
 {
-    parameterHead("transform", name, "default", "none", label, false);
+    parameterHead(transformHead, name, byDefault, "none", label, false);
     blockValueStart();
     for (const Vector& v : value.m.v) vectorBlock(v);
     vectorBlock(value.offset);
     blockValueEnd();
 }
 
-void AssetXmlWriter::componentBlock(std::string_view type, const XmlText& name, const TransformComponents& c,
+void AssetXmlWriter::componentBlock(std::string_view opening, const XmlText& name, const TransformComponents& c,
                                     const XmlText& label)
 {
-    parameterHead(type, name, "default", "none", label, false);
+    parameterHead(opening, name, byDefault, "none", label, false);
     blockValueStart();
-    floatLine("x_rotation", c.x_rotation);
-    floatLine("y_rotation", c.y_rotation);
-    floatLine("z_rotation", c.z_rotation);
-    floatLine("x_scale", c.x_scale);
-    floatLine("y_scale", c.y_scale);
-    floatLine("z_scale", c.z_scale);
-    floatLine("x_offset", c.x_offset);
-    floatLine("y_offset", c.y_offset);
-    floatLine("z_offset", c.z_offset);
-    intLine("x_mirror", c.x_mirror);
-    intLine("y_mirror", c.y_mirror);
-    intLine("z_mirror", c.z_mirror);
+    floatLine("<x_rotation>", "</x_rotation>\n", c.x_rotation);
+    floatLine("<y_rotation>", "</y_rotation>\n", c.y_rotation);
+    floatLine("<z_rotation>", "</z_rotation>\n", c.z_rotation);
+    floatLine("<x_scale>", "</x_scale>\n", c.x_scale);
+    floatLine("<y_scale>", "</y_scale>\n", c.y_scale);
+    floatLine("<z_scale>", "</z_scale>\n", c.z_scale);
+    floatLine("<x_offset>", "</x_offset>\n", c.x_offset);
+    floatLine("<y_offset>", "</y_offset>\n", c.y_offset);
+    floatLine("<z_offset>", "</z_offset>\n", c.z_offset);
+    intLine("<x_mirror>", "</x_mirror>\n", c.x_mirror);
+    intLine("<y_mirror>", "</y_mirror>\n", c.y_mirror);
+    intLine("<z_mirror>", "</z_mirror>\n", c.z_mirror);
     blockValueEnd();
 }
 
 void AssetXmlWriter::writeComponentMatrix(XmlText name, const TransformComponents& value, XmlText label)
 {
-    componentBlock("componentMatrix", name, value, label);
+    componentBlock("<parameter type=\"componentMatrix\" name=\"", name, value, label);
 }
 
 void AssetXmlWriter::writeComponentTransform(XmlText name, const TransformComponents& value, XmlText label)
 {
-    componentBlock("componentTransform", name, value, label);
+    componentBlock("<parameter type=\"componentTransform\" name=\"", name, value, label);
 }
 
 void AssetXmlWriter::openList(XmlText name, XmlText elementType, XmlText label)
 {
-    parameterHead("list", name, "default", elementType, label, false);
+    parameterHead(listHead, name, byDefault, elementType, label, false);
     lineAscii("<value>");
     lineAscii("<list>");
     ++indentLevel;
+    spill();
 }
 
 void AssetXmlWriter::writeEntry(XmlText text)
@@ -447,6 +649,7 @@ void AssetXmlWriter::writeEntry(XmlText text)
     put("<entry>");
     appendEscaped(text);
     put("</entry>\n");
+    spill();
 }
 
 void AssetXmlWriter::writeStringEntry(XmlText text)
@@ -455,6 +658,7 @@ void AssetXmlWriter::writeStringEntry(XmlText text)
     put("<string>\"");
     putText(text);
     put("\"</string>\n");
+    spill();
 }
 
 void AssetXmlWriter::closeList()
@@ -463,11 +667,13 @@ void AssetXmlWriter::closeList()
     lineAscii("</list>");
     lineAscii("</value>");
     parameterEnd();
+    spill();
 }
 
 void AssetXmlWriter::writeRaw(XmlText text)
 {
     putText(text);
+    spill();
 }
 
 std::u16string AssetXmlWriter::unescapeXml(std::u16string_view text)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -19,7 +20,8 @@ class TransformComponents;
 
 // Appends text to a wide string, or the same text as UTF-8 to a narrow one; it builds no tree and
 // checks no balance, so the caller's order of calls is the document's order. Lines end in a line
-// feed; each level indents two blanks.
+// feed; each level indents two blanks. The text of an operation is gathered as UTF-8 in the
+// writer's own buffer and reaches the stream in one step when the operation ends.
 class AssetXmlWriter {
 public:
     // Takes the text written so far and empties it, so that a long document can be written out
@@ -92,17 +94,24 @@ public:
     int32_t sunUrlMode = 1;
 
 private:
-    // Where text goes: constant ASCII text, one ASCII character, the model's wide text, a text
-    // handed in, and numbers, each appended in one step to whichever stream the writer has.
+    // Where text goes: the operation's text is gathered in `stage`, and `spill` hands it to the
+    // stream. `room` makes space for `n` bytes (at most the stage's size) and answers where.
+    static constexpr std::size_t stageSize = 8192;
+    char* room(std::size_t n);
+    void spill();
+    void spillLarge(std::string_view utf8);
     void put(std::string_view ascii);
     void putChar(char ascii);
+    void putNarrow(std::string_view text);
     void putWide(std::u16string_view text);
     void putText(const XmlText& text);
     void putFloat(float value);
     void putInt(int32_t value);
     void indent();
     void lineAscii(std::string_view text);
-    void parameterHead(std::string_view type, const XmlText& name, std::string_view handler,
+    // `opening` holds the element up to the name's value (`<parameter type="float" name="`), and
+    // `handlerAndList` the text from the name's closing quote to the list type's value.
+    void parameterHead(std::string_view opening, const XmlText& name, std::string_view handlerAndList,
                        const XmlText& listType, const XmlText& label, bool isUserData);
     void parameterEnd();
     // `<value>`text`</value>` then the parameter's end; the caller appends the text.
@@ -110,10 +119,10 @@ private:
     void inlineValueEnd();
     void blockValueStart();
     void blockValueEnd();
-    void floatLine(std::string_view tag, float value);
-    void intLine(std::string_view tag, int32_t value);
+    void floatLine(std::string_view open, std::string_view close, float value);
+    void intLine(std::string_view open, std::string_view close, int32_t value);
     void vectorBlock(const Vector& v);
-    void componentBlock(std::string_view type, const XmlText& name, const TransformComponents& c,
+    void componentBlock(std::string_view opening, const XmlText& name, const TransformComponents& c,
                         const XmlText& label);
     void appendEscaped(const XmlText& text);
 
@@ -124,6 +133,8 @@ private:
     std::u16string rootTag;
     FlushSink flushSink;
     Utf8FlushSink utf8FlushSink;
+    std::size_t staged = 0;
+    char stage[stageSize];
 };
 
 }  // namespace TalvexCore

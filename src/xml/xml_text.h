@@ -27,6 +27,10 @@ public:
     std::u16string toWide() const;
     // The wide text as a view: wide text as it stands, narrow text converted into `scratch`.
     std::u16string_view wideView(std::u16string& scratch) const;
+    // The text as handed in, for a writer that turns it into UTF-8 itself; not yet cut at a zero.
+    bool isWideText() const { return isWide; }
+    std::string_view narrowText() const { return narrow; }
+    std::u16string_view wideText() const { return wide; }
 
 private:
     std::string_view narrow;

@@ -1,10 +1,17 @@
 // The text of numbers in asset XML: six significant digits, three exponent digits, any locale.
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <clocale>
+#include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <cstring>
 #include <limits>
 #include <locale>
+#include <random>
+#include <string>
+#include <vector>
 
 #include "archive/text_conversion.h"
 #include "xml/asset_xml_writer.h"
@@ -32,6 +39,82 @@ TEST(NumberText, NumbersAsTheFormatPrintsThem)
         appendInt(out, value);
         EXPECT_EQ(wideToNarrow(out), text);
     }
+}
+
+namespace {
+
+// The classic stream default: the C library's %g, its exponent widened to at least three digits.
+std::string classicFloatText(double value)
+{
+    char buf[64];
+    std::string text(buf, static_cast<std::size_t>(std::snprintf(buf, sizeof buf, "%g", value)));
+    const auto e = text.find('e');
+    if (e != std::string::npos && text.size() - (e + 2) < 3) text.insert(e + 2, 3 - (text.size() - (e + 2)), '0');
+    return text;
+}
+
+// Values where six-digit rounding is hardest: every power of ten and the halfway points around it,
+// each with its neighbouring doubles and floats; random bit patterns of both widths; subnormals.
+std::vector<double> hardValues()
+{
+    std::vector<double> values;
+    const auto withNeighbours = [&values](double v) {
+        for (double d : {v, std::nextafter(v, 0.0), std::nextafter(v, HUGE_VAL)}) {
+            values.push_back(d);
+            values.push_back(-d);
+            const auto f = static_cast<float>(d);
+            values.push_back(f);
+            values.push_back(std::nextafter(f, 0.0f));
+            values.push_back(std::nextafter(f, HUGE_VALF));
+        }
+    };
+    for (int exponent = -324; exponent <= 308; ++exponent) {
+        const double scale = std::pow(10.0, exponent);
+        for (double mantissa : {1.0, 9.999995, 9.9999949999, 9.999994999, 1.000005, 1.0000049999, 1.234565,
+                                 9.5, 5.0, 2.5, 9.99999, 1.00001})
+            withNeighbours(mantissa * scale);
+    }
+    for (double v : {0.0001, 0.000099999949999, 0.000099999950001, 0.00009999995, 1e-5, 999999.5, 999999.4999,
+                     999999.5001, 9999995.0, 123456.5, 0.5, 1.0, 0.1, 0.2, 0.3})
+        withNeighbours(v);
+    std::mt19937_64 random(20261123);
+    for (int i = 0; i < 200000; ++i) {
+        const auto d = std::bit_cast<double>(random());
+        const auto f = std::bit_cast<float>(static_cast<uint32_t>(random()));
+        if (std::isfinite(d)) values.push_back(d);
+        if (std::isfinite(f)) values.push_back(f);
+        // Subnormal floats and doubles: the fewest digits stored, the most for rounding to find.
+        values.push_back(std::bit_cast<float>(static_cast<uint32_t>(random() & 0x807FFFFF)));
+        values.push_back(std::bit_cast<double>(random() & 0x800FFFFFFFFFFFFF));
+    }
+    for (double v : std::initializer_list<double>{std::numeric_limits<float>::denorm_min(), std::numeric_limits<float>::min(),
+                     std::numeric_limits<float>::max(), std::numeric_limits<double>::denorm_min(),
+                     std::numeric_limits<double>::min(), std::numeric_limits<double>::max(), 0.0, -0.0})
+        withNeighbours(v);
+    return values;
+}
+
+}  // namespace
+
+// Every finite value prints as the classic %g with a three-digit exponent; the non-finite values
+// print as they always have.
+TEST(NumberText, FloatTextIsTheClassicGeneralFormat)
+{
+    int failures = 0;
+    for (double value : hardValues()) {
+        const std::string expected = classicFloatText(value);
+        const std::string text = formatFloat(value);
+        std::string appended = "<";
+        appendFloat(appended, value);
+        if (text != expected || appended != "<" + expected) {
+            ADD_FAILURE() << std::hexfloat << value << ": " << text << " / " << appended << ", expected " << expected;
+            if (++failures == 20) break;
+        }
+    }
+    const double inf = std::numeric_limits<double>::infinity();
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    for (const auto& [value, text] : {std::pair{inf, "inf"}, {-inf, "-inf"}, {nan, "nan"}, {-nan, "-nan"}})
+        EXPECT_EQ(formatFloat(value), text);
 }
 
 // A process locale with a decimal comma and digit grouping changes nothing in the XML.
