@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "archive/load_failure.h"
+#include "archive/load_trace.h"
 #include "archive/value_types.h"
 
 namespace TalvexCore {
@@ -158,6 +159,10 @@ public:
     const std::optional<LoadFailure>& failure() const { return firstFailure; }
     // Whether the reads went on past the last byte of data (the tolerant reads of a short file).
     bool readPastEnd() const { return readCursor > std::max<uint64_t>(writeCursor, receivedBytes); }
+    // The trace that the reads of records tell where each object begins and ends; none by default,
+    // and then a read pays one test of this pointer. Copies carry it along.
+    void setLoadTrace(LoadTrace* trace) { loadTraceTarget = trace; }
+    LoadTrace* loadTrace() const { return loadTraceTarget; }
 
 private:
     struct ZeroBlocks {
@@ -231,6 +236,7 @@ private:
     uint64_t receivedBytes = 0;  // from a stream
     int nesting = 0;
     std::optional<LoadFailure> firstFailure;
+    LoadTrace* loadTraceTarget = nullptr;
 };
 
 }  // namespace TalvexCore

@@ -52,10 +52,24 @@ bool TalMatFile::load(const std::u16string& path)
 bool TalMatFile::load(std::istream& in)
 {
     loadReport = {};
+    const bool loaded = loadContainer(in);
+    if (loadTrace) {
+        loadTrace->readPastEnd = loadReport.readPastEnd;
+        loadTrace->failure = loadReport.failure;
+    }
+    return loaded;
+}
+
+bool TalMatFile::loadContainer(std::istream& in)
+{
     const Header header = readHeader(in);
     const uint32_t version = versionOf(header.tag);
     if ((header.tag & 0xFFFF) != 0 || version < 1 || version > 3) return false;
     loadReport.binaryHeader = in.gcount() == 4;
+    if (loadTrace && loadReport.binaryHeader) {
+        loadTrace->fileVersion = version;
+        loadTrace->declaredObjects = header.count;
+    }
     if (header.count == 0) {
         loadReport.failure = LoadFailure{4, "the header counts no materials", {}};
         return false;
@@ -75,6 +89,10 @@ bool TalMatFile::load(std::istream& in)
         archive = QuickArchive(data.data(), data.size());
     }
 
+    if (loadTrace) {
+        loadTrace->setOrigin(dataStart);
+        archive.setLoadTrace(loadTrace);
+    }
     const bool loaded = loadMaterials(archive, header.count);
     loadReport.readPastEnd = archive.readPastEnd();
     if (!loaded && archive.failure()) {
@@ -92,7 +110,7 @@ bool TalMatFile::loadMaterials(QuickArchive& archive, uint32_t count)
         const uint64_t at = archive.readPosition();
         archive.readU32(typeId);
         MaterialPtr material;
-        const bool read = makeChild(archive, material, typeId, at) && material->readBinary(archive);
+        const bool read = makeChild(archive, material, typeId, at) && readTracedRecord(archive, *material, true);
         if (!read) {
             archive.noteObject(u"material " + narrowToWide(std::to_string(i + 1)) +
                                (material ? u" (" + material->pluginType() + u")" : u""));

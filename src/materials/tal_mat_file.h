@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "archive/load_failure.h"
+#include "archive/load_trace.h"
 #include "archive/quick_archive.h"
 #include "materials/base_material.h"
 
@@ -37,6 +38,8 @@ public:
     // Loads any container version; on failure the list keeps what it held.
     bool load(const std::u16string& path);
     virtual bool load(std::istream& in);
+    // Loads of this file tell `trace`, while it is set, the header and each object they read.
+    void setLoadTrace(LoadTrace* trace) { loadTrace = trace; }
 
     std::size_t materialCount() const { return materials.size(); }
     // Copies the reference at `index`; false, leaving `material` alone, past the end.
@@ -55,10 +58,12 @@ public:
     static int chooseOpenMode(const std::u16string& path);
 
 private:
+    bool loadContainer(std::istream& in);
     bool loadMaterials(QuickArchive& archive, uint32_t count);
 
     std::u16string lastSaveMessage;
     MaterialFileLoad loadReport;
+    LoadTrace* loadTrace = nullptr;
 };
 
 }  // namespace TalvexCore

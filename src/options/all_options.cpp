@@ -57,11 +57,10 @@ bool AllOptions::writeBinary(QuickArchive& out) const
 bool AllOptions::readBinary(QuickArchive& in)
 {
     resetDefaults();
-    uint32_t tag = 0;
-    in.readU32(tag);
-    const uint32_t version = versionOf(tag);
-    if ((tag & 0xFFFF) != tagMark || !isKnownVersion(version)) return false;
-    return readSettings(table, in, *this, static_cast<uint16_t>(version));
+    const auto version =
+        readMarkedVersion(in, tagMark, isKnownVersion, "0x00000001 to 0x00090001, 0x00100001 to 0x00170001");
+    if (!version) return false;
+    return readSettings(table, in, *this, static_cast<uint16_t>(*version));
 }
 
 bool AllOptions::isEqual(const AllOptions& other) const

@@ -9,6 +9,7 @@
 #include "archive/regular_file.h"
 #include "archive/stream_bytes.h"
 #include "options/all_options.h"
+#include "records/record_io.h"
 
 namespace TalvexCore {
 
@@ -34,7 +35,7 @@ bool TalOptFile::load(AllOptions& options, const std::u16string& path)
     return file.isOpen() && load(options, file.stream());
 }
 
-bool TalOptFile::load(AllOptions& options, std::istream& in)
+bool TalOptFile::load(AllOptions& options, std::istream& in, LoadTrace* trace)
 {
     // The size the file reports, against the bytes that arrive: fewer is a short read.
     const std::streamoff start = in.tellg();
@@ -45,7 +46,15 @@ bool TalOptFile::load(AllOptions& options, std::istream& in)
     if (bytes.empty() || (start >= 0 && end > start && bytes.size() < static_cast<std::size_t>(end - start)))
         return false;
     QuickArchive archive(bytes.data(), bytes.size());
-    return options.readBinary(archive);
+    if (!trace) return options.readBinary(archive);
+
+    archive.setLoadTrace(trace);
+    const bool loaded = readEmbeddedRecord(archive, options);
+    // The record's own tag is the file's only version mark.
+    if (!trace->objects().empty()) trace->fileVersion = trace->objects().front().version;
+    trace->readPastEnd = archive.readPastEnd();
+    if (!loaded) trace->failure = archive.failure();
+    return loaded;
 }
 
 }  // namespace TalvexCore

@@ -7,6 +7,7 @@
 namespace TalvexCore {
 
 class AllOptions;
+class LoadTrace;
 
 // Holds nothing: it moves an options object to and from a file. The record's own version tag is
 // the file's only version mark.
@@ -22,7 +23,9 @@ public:
     // the options refuse.
     virtual bool load(AllOptions& options, const std::u16string& path);
 
-    bool load(AllOptions& options, std::istream& in);
+    // `trace`, when given, takes the objects the load read, the options record's version when the
+    // file is an options file, and where and why a load stopped.
+    bool load(AllOptions& options, std::istream& in, LoadTrace* trace = nullptr);
 };
 
 }  // namespace TalvexCore

@@ -23,9 +23,7 @@ bool TalvexFrameData::writeBinary(QuickArchive& out) const
 bool TalvexFrameData::readBinary(QuickArchive& in)
 {
     resetDefaults();
-    uint32_t tag = 0;
-    in.readU32(tag);
-    if (tag != tagOf(version)) return false;
+    if (!readVersion(in, {version})) return false;
     return readSettings<F>(table, in, *this, version);
 }
 

@@ -21,12 +21,10 @@ bool TalvexParams::writeBinary(QuickArchive& out) const
 
 bool TalvexParams::readBinary(QuickArchive& in)
 {
-    uint32_t tag = 0;
-    in.readU32(tag);
+    const auto version = readVersionUpTo(in, newestVersion);
     resetDefaults();
-    const uint32_t version = versionOf(tag);
-    if ((tag & 0xFFFF) != 0 || version < 1 || version > newestVersion) return false;
-    return readSettings<P>(table, in, *this, static_cast<uint16_t>(version));
+    if (!version) return false;
+    return readSettings<P>(table, in, *this, static_cast<uint16_t>(*version));
 }
 
 bool TalvexParams::isEqual(const TalvexParams& other) const

@@ -17,6 +17,10 @@ namespace TalvexCore {
 std::optional<uint32_t> readVersion(QuickArchive& in, std::initializer_list<uint32_t> known);
 // The same for a record that has known every version from 1 to `newest`.
 std::optional<uint32_t> readVersionUpTo(QuickArchive& in, uint32_t newest);
+// The same for a record whose tag carries `mark` in its low half, with the versions `known` accepts;
+// `knownTags` names them in a refusal.
+std::optional<uint32_t> readMarkedVersion(QuickArchive& in, uint32_t mark, bool (*known)(uint32_t),
+                                          const char* knownTags);
 
 // Reads a list's count; false, noted, when that many elements of at least `bytesEach` bytes cannot
 // stand in the data that is left.
@@ -31,13 +35,48 @@ bool makeChild(QuickArchive& in, std::shared_ptr<T>& child, uint32_t id, uint64_
     return child != nullptr;
 }
 
+// An object's name in a trace or a failure: its plug-in type, where its class has one.
+template <class R>
+std::u16string objectName(const R& object)
+{
+    if constexpr (requires { object.pluginType(); }) return object.pluginType();
+    else return {};
+}
+
+// An object's own record, told to the archive's trace when it carries one: where the record begins,
+// its class and the type id it was made from (for an object made by id), and where its reads ended.
+// `entered` false refuses the record unread, as the nesting bound does.
+template <class R>
+bool readTracedRecord(QuickArchive& in, R& object, [[maybe_unused]] bool madeById, bool entered = true)
+{
+    LoadTrace* const trace = in.loadTrace();
+    if (trace) {
+        std::optional<uint32_t> id;
+        if constexpr (requires { object.typeId(); })
+            if (madeById) id = object.typeId();
+        trace->beginObject(objectName(object), id, in.readPosition());
+    }
+    const bool read = entered && object.readBinary(in);
+    if (trace) trace->endObject(in.readPosition(), read);
+    return read;
+}
+
 // A child's record, one level deeper; a refusal inside names the child on its way out.
 template <class T>
 bool readChildRecord(QuickArchive& in, const std::shared_ptr<T>& child)
 {
     const QuickArchive::NestingGuard guard(in);
-    if (guard && child->readBinary(in)) return true;
+    if (readTracedRecord(in, *child, true, static_cast<bool>(guard))) return true;
     in.noteObject(child->pluginType());
+    return false;
+}
+
+// A record held by value inside its owner's, with no type id; a refusal inside names it on its way out.
+template <class R>
+bool readEmbeddedRecord(QuickArchive& in, R& record)
+{
+    if (readTracedRecord(in, record, false)) return true;
+    if (const std::u16string name = objectName(record); !name.empty()) in.noteObject(name);
     return false;
 }
 

@@ -176,7 +176,7 @@ constexpr auto embeddedRecord()
 {
     using H = typename settings_detail::MemberOf<decltype(Member)>::Holder;
     return SpecialSetting<H>{
-        .read = [](QuickArchive& in, H& h, uint16_t) { return (h.*Member).readBinary(in); },
+        .read = [](QuickArchive& in, H& h, uint16_t) { return readEmbeddedRecord(in, h.*Member); },
         .write = [](QuickArchive& out, const H& h) { return (h.*Member).writeBinary(out); },
         .reset = [](H& h) { (h.*Member).resetDefaults(); },
         .equal = [](const H& a, const H& b) { return a.*Member == b.*Member; },
