@@ -71,6 +71,26 @@ TEST_F(WrapperMaterials, NewestRecordsRoundTripAndCompare)
     }
 }
 
+// An inner material whose name is empty (one of control characters alone loads so) writes an empty
+// name and reads back under a fresh default name: the first round trip changes the record, the
+// second no longer does.
+TEST_F(WrapperMaterials, AnInnerMaterialWithoutANameSettlesAfterOneRoundTrip)
+{
+    auto outer = std::make_shared<MaterialSkp2Sided>();
+    outer->name = u"Two faces";
+    outer->front = createMaterial(1);
+    outer->front->name.clear();
+    const ByteBuilder first = recordOf(*outer);
+    const auto once = readFrom<MaterialSkp2Sided>(first);
+    ASSERT_TRUE(once);
+    ASSERT_TRUE(once->front);
+    EXPECT_FALSE(once->front->name.empty());
+    EXPECT_NE(bytesOf(*once), first.bytes);
+    const auto twice = readFrom<MaterialSkp2Sided>(recordOf(*once));
+    ASSERT_TRUE(twice);
+    EXPECT_EQ(bytesOf(*twice), bytesOf(*once));
+}
+
 // The record runs "bg" first while memory runs "gi" first; toon stores width ahead of colour.
 TEST_F(WrapperMaterials, RecordOrderReachesTheRightFields)
 {

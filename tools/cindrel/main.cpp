@@ -5,6 +5,7 @@
 
 #include "command_line.h"
 #include "convert_command.h"
+#include "inspect_subcommand.h"
 #include "upgrade_command.h"
 #include "utf8_console.h"
 
@@ -33,7 +34,7 @@ const char* footerText =
     "\n"
     "A batch runs on all cores: each file converts in a worker process of its own, as it would\n"
     "alone, and the output comes in the order of the files whatever -j is. A file named like a\n"
-    "subcommand is given as ./upgrade.\n"
+    "subcommand is given as ./upgrade or ./inspect.\n"
     "\n"
     "Exit status: 0 when every file was converted or passed through, 1 when any file failed or a\n"
     "folder held no file to convert, 2 for a usage error.\n"
@@ -55,6 +56,7 @@ int main(int argc, char** argv)
     CommandRun chosen;
     addConversion(command, chosen);
     addUpgradeCommand(command, chosen);
+    addInspectCommand(command, chosen);
 
     try {
         command.parse(argc, argv);
