@@ -9,23 +9,9 @@
 #include "options/tal_opt_file.h"
 #include "xml/asset_xml_writer.h"
 
+#include "same_bytes.h"
+
 using namespace TalvexCore;
-
-namespace {
-
-bool sameBytes(const QuickArchive& a, const QuickArchive& b)
-{
-    if (a.writePosition() != b.writePosition()) return false;
-    for (uint64_t i = 0; i < a.writePosition(); ++i) {
-        uint8_t x = 0, y = 0;
-        a.peekByte(i, x);
-        b.peekByte(i, y);
-        if (x != y) return false;
-    }
-    return true;
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
