@@ -185,7 +185,11 @@ TEST_F(InspectCommand, DamagedFilesSayWhereAndWhy)
     EXPECT_EQ(files[4]["status"], "text");
     EXPECT_FALSE(files[4]["failed"].get<bool>());
     EXPECT_EQ(files[5]["status"], "unreadable");
+#ifdef _WIN32
+    EXPECT_FALSE(files[5]["reason"].get<std::string>().empty());  // the system's own words there
+#else
     EXPECT_EQ(files[5]["reason"], "No such file or directory");
+#endif
 
     const Report quiet = inspect(all, false, true);
     EXPECT_EQ(quiet.status, 1);
