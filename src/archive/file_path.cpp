@@ -31,7 +31,11 @@ std::filesystem::path filePath(std::string_view nameBytes)
 
 std::string fileNameBytes(const std::filesystem::path& path)
 {
+#ifdef _WIN32
     return wideToFileName(widePath(path));
+#else
+    return path.native();
+#endif
 }
 
 }  // namespace TalvexCore

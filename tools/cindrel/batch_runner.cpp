@@ -1,3 +1,4 @@
+#include "archive/file_path.h"
 #include "batch_runner.h"
 
 #include <cstdio>
@@ -9,6 +10,8 @@
 #include "fresh_model_state.h"
 #include "progress.h"
 #include "worker_pool.h"
+
+using TalvexCore::fileNameBytes;
 
 namespace CindrelTool {
 
@@ -28,7 +31,7 @@ int runBatch(std::size_t count, unsigned jobs, bool progress,
         [&](std::size_t index, int status, const std::string& abnormalEnd) {
             if (!abnormalEnd.empty()) {
                 shown.clear();
-                std::fprintf(stderr, "cindrel: %s: its worker process %s\n", pathOf(index).c_str(), abnormalEnd.c_str());
+                std::fprintf(stderr, "cindrel: %s: its worker process %s\n", fileNameBytes(pathOf(index)).c_str(), abnormalEnd.c_str());
             }
             failed = failed || status != exitSuccess;
             if (index + 1 < count) shown.show(index + 1, pathOf(index + 1));

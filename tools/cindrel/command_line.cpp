@@ -1,7 +1,10 @@
+#include "archive/file_path.h"
 #include "command_line.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+
+using TalvexCore::fileNameBytes;
 
 namespace CindrelTool {
 
@@ -14,7 +17,7 @@ void addJobsOption(CLI::App& command, unsigned& jobs)
 
 void reportError(const std::filesystem::path& path, const std::string& message)
 {
-    std::fprintf(stderr, "cindrel: %s: %s\n", path.c_str(), message.c_str());
+    std::fprintf(stderr, "cindrel: %s: %s\n", fileNameBytes(path).c_str(), message.c_str());
 }
 
 int usageError(const std::string& message)

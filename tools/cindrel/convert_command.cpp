@@ -1,3 +1,4 @@
+#include "archive/file_path.h"
 #include "convert_command.h"
 
 #include <CLI/CLI.hpp>
@@ -15,6 +16,8 @@
 #include "output_plan.h"
 #include "progress.h"
 #include "utf8_output.h"
+
+using TalvexCore::fileNameBytes;
 
 namespace CindrelTool {
 
@@ -37,7 +40,7 @@ ConversionOutcome convertFile(const InputFile& input, Utf8Output& output, Conver
 // ends with a line end, so that a reader can split them.
 std::string documentHeader(const fs::path& path)
 {
-    return "==> " + path.string() + " <==\n";
+    return "==> " + fileNameBytes(path) + " <==\n";
 }
 
 // Converts files and reports on each; one object for the files converted in one process.
@@ -100,12 +103,12 @@ private:
         std::error_code ec;
         fs::create_directories(target.parent_path(), ec);
         if (ec) {
-            error(input.path, "cannot make the folder " + target.parent_path().string() + ": " + ec.message());
+            error(input.path, "cannot make the folder " + fileNameBytes(target.parent_path()) + ": " + ec.message());
             return;
         }
         OutputFile file(target);
         if (!file.open()) {
-            error(input.path, "cannot write " + target.string() + ": " + file.error());
+            error(input.path, "cannot write " + fileNameBytes(target) + ": " + file.error());
             return;
         }
         Utf8Output output(file.file());
@@ -117,7 +120,7 @@ private:
             return;
         }
         if (!file.commit(output.error())) {
-            error(input.path, "cannot write " + target.string() + ": " + file.error());
+            error(input.path, "cannot write " + fileNameBytes(target) + ": " + file.error());
             return;
         }
         report(input, outcome, notes, output, target);
@@ -153,7 +156,7 @@ private:
             note(input.path, "warning: the document holds " + std::to_string(output.forbiddenCharacters()) +
                                  " character(s) that XML 1.0 does not allow; they are kept as they are");
         if (!target.empty()) {
-            std::printf("%s -> %s (%s)\n", input.path.c_str(), target.c_str(),
+            std::printf("%s -> %s (%s)\n", fileNameBytes(input.path).c_str(), fileNameBytes(target).c_str(),
                         outcome == ConversionOutcome::Binary ? "converted" : "passed through as text");
             std::fflush(stdout);
         }
@@ -174,9 +177,9 @@ int runConversion(const ConversionSettings& settings)
     std::vector<fs::path> targets(inputs.size());
     if (!settings.outputDir.empty()) {
         const auto names = [](const InputFile& input) {
-            return std::vector<std::string>{input.path.stem().string() + ".xml", input.path.filename().string() + ".xml"};
+            return std::vector<std::string>{fileNameBytes(input.path.stem()) + ".xml", fileNameBytes(input.path.filename()) + ".xml"};
         };
-        targets = planOutputs(settings.outputDir, inputs, names, "converted", errors);
+        targets = planOutputs(TalvexCore::filePath(settings.outputDir), inputs, names, "converted", errors);
     }
     for (const std::string& error : errors) std::fprintf(stderr, "cindrel: %s\n", error.c_str());
 

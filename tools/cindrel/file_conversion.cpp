@@ -1,3 +1,4 @@
+#include "archive/file_path.h"
 #include "file_conversion.h"
 
 #include "archive/regular_file.h"
@@ -13,11 +14,11 @@ ConversionOutcome convertInput(const InputFile& input, std::string& text,
                                const TalvexCore::AssetXmlWriter::Utf8FlushSink& sink,
                                TalvexCore::ConversionNotes& notes)
 {
-    const std::u16string path = TalvexCore::fileNameToWide(input.path.native());
+    const std::u16string path = TalvexCore::widePath(input.path);
     if (input.kind == FileKind::Material) return TalvexCore::writeMaterialFileXml(path, text, sink, &notes);
     const ConversionOutcome outcome = TalvexCore::writeOptionsFileXml(path, text, sink);
     if (outcome == ConversionOutcome::Unreadable)
-        notes.unreadableReason = TalvexCore::RegularFile(input.path.native()).failureReason();
+        notes.unreadableReason = TalvexCore::RegularFile(path).failureReason();
     return outcome;
 }
 

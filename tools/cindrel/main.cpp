@@ -49,6 +49,7 @@ int main(int argc, char** argv)
     argc = console.argc();
     argv = console.argv();
     CLI::App command(descriptionText, "cindrel");
+    command.allow_windows_style_options(false);  // "/work/x.talmat" is a path, on Windows too
     command.footer(footerText);
     command.set_version_flag("--version", versionText);
     command.require_subcommand(0, 1);

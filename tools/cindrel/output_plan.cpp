@@ -1,6 +1,9 @@
+#include "archive/file_path.h"
 #include "output_plan.h"
 
 #include <map>
+
+using TalvexCore::fileNameBytes;
 
 namespace CindrelTool {
 
@@ -18,9 +21,9 @@ std::vector<fs::path> planOutputs(const fs::path& outputDir, const std::vector<I
         const fs::path dir = outputDir / input.relativeDir;
         std::size_t firstOwner = inputs.size();
         for (const std::string& name : names(input)) {
-            const auto owner = taken.find(dir / name);
+            const auto owner = taken.find(dir / TalvexCore::filePath(name));
             if (owner == taken.end()) {
-                targets[i] = dir / name;
+                targets[i] = dir / TalvexCore::filePath(name);
                 break;
             }
             if (firstOwner == inputs.size()) firstOwner = owner->second;
@@ -32,9 +35,9 @@ std::vector<fs::path> planOutputs(const fs::path& outputDir, const std::vector<I
             continue;
         }
         const InputFile& owner = inputs[firstOwner];
-        errors.push_back(input.path.string() + ": not " + action + ": its output " +
-                         (dir / names(input).front()).string() + " is already the output of " +
-                         owner.path.string() + " (give it another output folder)");
+        errors.push_back(fileNameBytes(input.path) + ": not " + action + ": its output " +
+                         fileNameBytes(dir / TalvexCore::filePath(names(input).front())) + " is already the output of " +
+                         fileNameBytes(owner.path) + " (give it another output folder)");
     }
     return targets;
 }

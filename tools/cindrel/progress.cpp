@@ -1,8 +1,11 @@
+#include "archive/file_path.h"
 #include "progress.h"
 
 #include <unistd.h>
 
 #include <cstdio>
+
+using TalvexCore::fileNameBytes;
 
 namespace CindrelTool {
 
@@ -11,7 +14,7 @@ Progress::Progress(std::size_t total, bool enabled) : total(total), enabled(enab
 void Progress::show(std::size_t index, const std::filesystem::path& path)
 {
     if (!enabled) return;
-    std::fprintf(stderr, "\r\033[K[%zu/%zu] %s", index + 1, total, path.filename().c_str());
+    std::fprintf(stderr, "\r\033[K[%zu/%zu] %s", index + 1, total, fileNameBytes(path.filename()).c_str());
     std::fflush(stderr);
     shown = true;
 }

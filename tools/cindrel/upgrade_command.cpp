@@ -22,6 +22,8 @@
 #include "output_file.h"
 #include "output_plan.h"
 
+using TalvexCore::fileNameBytes;
+
 namespace CindrelTool {
 
 namespace fs = std::filesystem;
@@ -34,7 +36,7 @@ namespace {
 // cannot be written.
 bool saveNewest(const InputFile& input, OutputFile& file)
 {
-    const std::u16string path = TalvexCore::fileNameToWide(input.path.native());
+    const std::u16string path = TalvexCore::widePath(input.path);
     const std::lock_guard<std::mutex> held(TalvexCore::modelStateLock());
     if (input.kind == FileKind::Material) {
         TalvexCore::TalMatFile materials;
@@ -87,7 +89,7 @@ private:
         if (input.kind == FileKind::Unknown) return refuse(input, unknownKindReason(input.path));
         std::error_code ec;
         if (!settings.inPlace && fs::equivalent(input.path, target, ec))
-            return refuse(input, "not upgraded: the output " + target.string() +
+            return refuse(input, "not upgraded: the output " + fileNameBytes(target) +
                                    " is the file itself (give --in-place to replace it)");
 
         std::string before;
@@ -101,9 +103,9 @@ private:
 
         if (!target.parent_path().empty()) fs::create_directories(target.parent_path(), ec);
         if (ec)
-            return refuse(input, "cannot make the folder " + target.parent_path().string() + ": " + ec.message());
+            return refuse(input, "cannot make the folder " + fileNameBytes(target.parent_path()) + ": " + ec.message());
         OutputFile file(target);
-        if (!file.open()) return refuse(input, "cannot write " + target.string() + ": " + file.error());
+        if (!file.open()) return refuse(input, "cannot write " + fileNameBytes(target) + ": " + file.error());
         if (!saveNewest(input, file))
             return refuse(input, std::string("the ") + kindName(input.kind) +
                                    " file does not save in the newest version; not upgraded");
@@ -117,8 +119,8 @@ private:
         if (savedOutcome != ConversionOutcome::Binary || after != before)
             return refuse(input, "the newest version converts to other XML (from " + firstDifference(before, after) +
                                    " on); not upgraded");
-        if (!file.commit(0)) return refuse(input, "cannot write " + target.string() + ": " + file.error());
-        std::printf("upgraded %s -> %s, same XML\n", input.path.c_str(), target.c_str());
+        if (!file.commit(0)) return refuse(input, "cannot write " + fileNameBytes(target) + ": " + file.error());
+        std::printf("upgraded %s -> %s, same XML\n", fileNameBytes(input.path).c_str(), fileNameBytes(target).c_str());
         std::fflush(stdout);
         return true;
     }
@@ -132,14 +134,14 @@ int runUpgrade(const UpgradeSettings& settings)
 {
     if (settings.inPlace && !settings.outputDir.empty()) return usageError("upgrade: --in-place and -o exclude each other");
     std::vector<std::string> paths = settings.paths;
-    fs::path outputDir = settings.outputDir;
+    fs::path outputDir = TalvexCore::filePath(settings.outputDir);
     fs::path singleTarget;
     if (!settings.inPlace && outputDir.empty()) {
         if (paths.size() != 2) return usageError("upgrade: give IN OUT, or -o DIR IN..., or --in-place IN...");
         std::error_code ec;
-        if (fs::is_directory(paths[1], ec)) outputDir = paths[1];
-        else if (fs::is_directory(paths[0], ec)) return usageError("upgrade: a folder upgrades into a folder: -o DIR");
-        else singleTarget = paths[1];
+        if (fs::is_directory(TalvexCore::filePath(paths[1]), ec)) outputDir = TalvexCore::filePath(paths[1]);
+        else if (fs::is_directory(TalvexCore::filePath(paths[0]), ec)) return usageError("upgrade: a folder upgrades into a folder: -o DIR");
+        else singleTarget = TalvexCore::filePath(paths[1]);
         paths.pop_back();
     }
 
@@ -151,7 +153,7 @@ int runUpgrade(const UpgradeSettings& settings)
     } else if (!singleTarget.empty()) {
         if (!targets.empty()) targets[0] = singleTarget;
     } else {
-        const auto names = [](const InputFile& input) { return std::vector<std::string>{input.path.filename().string()}; };
+        const auto names = [](const InputFile& input) { return std::vector<std::string>{fileNameBytes(input.path.filename())}; };
         targets = planOutputs(outputDir, inputs, names, "upgraded", errors);
     }
     for (const std::string& error : errors) std::fprintf(stderr, "cindrel: %s\n", error.c_str());

@@ -1,5 +1,31 @@
 #include "worker_pool.h"
 
+#ifdef _WIN32
+
+#include <cstdio>
+
+namespace CindrelTool {
+
+// Windows has no fork: the files are converted here, one after the other, which gives the same
+// output in the same order. The process-wide state is put back before each file as in a worker.
+bool WorkerPool::run(std::size_t count, const Job& job, const std::function<void()>& beforeEach, const Ended& ended,
+                     const std::function<void()>& beforeOutput)
+{
+    for (std::size_t index = 0; index < count; ++index) {
+        beforeEach();
+        beforeOutput();
+        const int status = job(index);
+        std::fflush(stdout);
+        std::fflush(stderr);
+        ended(index, status, std::string());
+    }
+    return true;
+}
+
+}  // namespace CindrelTool
+
+#else
+
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
@@ -349,3 +375,5 @@ bool WorkerPool::run(std::size_t count, const Job& job, const std::function<void
 }
 
 }  // namespace CindrelTool
+
+#endif
