@@ -5,7 +5,7 @@
 
 #include "command_line.h"
 #include "convert_command.h"
-#include "inspect_subcommand.h"
+#include "load_report_subcommand.h"
 #include "upgrade_command.h"
 #include "utf8_console.h"
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "inspect_command.h"
-#include "inspect_subcommand.h"
+#include "load_report_command.h"
+#include "load_report_subcommand.h"
 
 namespace CindrelTool {
 

@@ -11,7 +11,7 @@
 #include <sstream>
 
 #include "archive/text_conversion.h"
-#include "inspect_command.h"
+#include "load_report_command.h"
 #include "module/material_conversion.h"
 
 namespace fs = std::filesystem;

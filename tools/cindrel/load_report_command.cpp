@@ -1,4 +1,4 @@
-#include "inspect_command.h"
+#include "load_report_command.h"
 
 #include <cstdio>
 #include <exception>
