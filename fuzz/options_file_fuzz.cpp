@@ -19,7 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
     AllOptions options;
     if (!TalOptFile().load(options, in)) return 0;
 
-    std::u16string text;
+    // The conversion's own writer, which gathers UTF-8.
+    std::string text;
     AssetXmlWriter writer(text);
     writer.openRoot(u"talopt");
     options.writeXml(writer, u"");
