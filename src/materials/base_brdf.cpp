@@ -1,6 +1,8 @@
 #include "materials/base_brdf.h"
 
-#include <vector>
+#include <array>
+#include <span>
+#include <stdexcept>
 
 #include "archive/quick_archive.h"
 #include "records/record_io.h"
@@ -25,7 +27,7 @@ bool Base_BRDF::readBinary(QuickArchive& in)
     return readBaseRecord(in);
 }
 
-void Base_BRDF::writeXml(AssetXmlWriter& /*writer*/, std::u16string /*url*/) const {}
+void Base_BRDF::writeXml(AssetXmlWriter& /*writer*/, const std::u16string& /*url*/) const {}
 
 void Base_BRDF::resetBaseDefaults()
 {
@@ -64,12 +66,16 @@ bool Base_BRDF::readBaseRecord(QuickArchive& in)
 void Base_BRDF::writeLayerXml(AssetXmlWriter& writer, const std::u16string& url,
                               std::initializer_list<LayerParameter> parameters) const
 {
-    std::vector<ChildSlot> slots;
+    // A layer has a handful of texture slots; they are gathered here rather than on the heap.
+    std::array<ChildSlot, maxLayerTextures> slots;
+    std::size_t count = 0;
     for (const LayerParameter& parameter : parameters)
-        if (parameter.form == LayerParameter::Form::Texture)
-            slots.emplace_back(parameter.name, parameter.urlWord, *parameter.texture);
+        if (parameter.form == LayerParameter::Form::Texture) {
+            if (count == slots.size()) throw std::length_error("Base_BRDF::writeLayerXml: too many texture slots");
+            slots[count++] = ChildSlot(parameter.name, parameter.urlWord, *parameter.texture);
+        }
 
-    AssetFrame frame(writer, *this, url + u"/" + name, "", slots);
+    const AssetFrame frame(writer, *this, AssetUrl(url, name), "", std::span<const ChildSlot>(slots.data(), count));
     std::size_t slot = 0;
     for (const LayerParameter& parameter : parameters) {
         switch (parameter.form) {

@@ -1,6 +1,7 @@
 // Base_BRDF: the root of the six shading layers, their base record and their factory.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
@@ -62,9 +63,9 @@ public:
     // Compares values and children; the name and the layer flags take no part.
     virtual bool isEqual(const std::shared_ptr<Base_BRDF>& other) const = 0;
 
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return {}; }
-    std::u16string assetType() const override { return u"BRDF"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"">(); }
+    const std::u16string& assetType() const override { return typeName<u"BRDF">(); }
 
 protected:
     // Name back to the class's plug-in type, flags to true, false, false.
@@ -77,6 +78,8 @@ protected:
     // asset under the layer's url and its url word, then the layer with its parameters in order.
     void writeLayerXml(AssetXmlWriter& writer, const std::u16string& url,
                        std::initializer_list<LayerParameter> parameters) const;
+    // The most texture slots a layer's parameters may hold (the refraction layer has five).
+    static constexpr std::size_t maxLayerTextures = 8;
 };
 
 using BRDFPtr = std::shared_ptr<Base_BRDF>;

@@ -17,7 +17,7 @@ BaseMaterial::BaseMaterial() : name(sceneMaterials()->uniqueName(unnamedMaterial
 
 BaseMaterial::BaseMaterial(const BaseMaterial& other) : TalvexSerializable(other), TalvexXMLSerializable(other), name(other.name) {}
 
-void BaseMaterial::writeXml(AssetXmlWriter& /*writer*/, std::u16string /*url*/) const {}
+void BaseMaterial::writeXml(AssetXmlWriter& /*writer*/, const std::u16string& /*url*/) const {}
 
 void BaseMaterial::resetBaseDefaults()
 {

@@ -29,11 +29,11 @@ public:
     // Compares values and inner objects; name and uuid take no part.
     virtual bool isEqual(const std::shared_ptr<BaseMaterial>& other) const = 0;
 
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return {}; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"">(); }
     // A parameter names a material by its name, not by its plug-in type.
-    std::optional<std::u16string> referenceName() const override { return name; }
-    std::u16string assetType() const override { return u"material"; }
+    const std::u16string* referenceName() const override { return &name; }
+    const std::u16string& assetType() const override { return typeName<u"material">(); }
 
     // The base record, which a class's record holds at the place its rows give.
     bool writeBaseRecord(QuickArchive& out) const;

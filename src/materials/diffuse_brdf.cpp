@@ -62,7 +62,7 @@ bool Diffuse_BRDF::isEqual(const BRDFPtr& other) const
            use_color_tex_alpha_as_transparency == o->use_color_tex_alpha_as_transparency;
 }
 
-void Diffuse_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void Diffuse_BRDF::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     writeLayerXml(writer, url, {
         {"color", color},

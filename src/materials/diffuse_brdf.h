@@ -25,8 +25,8 @@ public:
     void resetDefaults() override;
     BRDFPtr clone() const override;
     bool isEqual(const BRDFPtr& other) const override;
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"BRDFDiffuse"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"BRDFDiffuse">(); }
 };
 
 }  // namespace TalvexCore

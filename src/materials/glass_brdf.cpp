@@ -135,7 +135,7 @@ bool Glass_BRDF::isEqual(const BRDFPtr& other) const
 }
 
 // The glossiness child stands under the url word "glossy_texture", not its parameter's name.
-void Glass_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void Glass_BRDF::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     writeLayerXml(writer, url, {
         {"color", color},

@@ -47,8 +47,8 @@ public:
     void resetDefaults() override;
     BRDFPtr clone() const override;
     bool isEqual(const BRDFPtr& other) const override;
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"BRDFRefraction"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"BRDFRefraction">(); }
 
 private:
     void writeTranslucency(QuickArchive& out) const;

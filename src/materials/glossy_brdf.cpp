@@ -136,7 +136,7 @@ bool Glossy_BRDF::isEqual(const BRDFPtr& other) const
 }
 
 // The url words are in snake case although the parameter names are mixed.
-void Glossy_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void Glossy_BRDF::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     writeLayerXml(writer, url, {
         {"color", color},

@@ -37,8 +37,8 @@ public:
     // Makes a new default Fresnel texture the transparency texture.
     void resetDefaults() final;
     bool isEqual(const BRDFPtr& other) const final;
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const final;
-    std::u16string pluginType() const final { return u"BRDFReflection"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const final;
+    const std::u16string& pluginType() const final { return typeName<u"BRDFReflection">(); }
 
 protected:
     // Gives the copy clones of this layer's children in place of the shared ones.

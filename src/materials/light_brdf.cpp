@@ -72,7 +72,7 @@ bool Light_BRDF::isEqual(const BRDFPtr& other) const
 }
 
 // The transparency child stands under the short url word "transp_texture" in this layer only.
-void Light_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void Light_BRDF::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     writeLayerXml(writer, url, {
         {"color", color},

@@ -20,10 +20,9 @@ const RecordRow<M> recordTable[] = {
 std::span<const RecordRow<M>> M::recordRows() { return recordTable; }
 
 // No asset of its own: what it adds reaches the XML through the standard asset only.
-void M::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void M::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    url += u"/" + name;
-    writeInnerXml(writer, base_mtl, url);
+    writeInnerXml(writer, base_mtl, KeptUrl(writer, AssetUrl(url, name)));
 }
 
 template class RowMaterial<M>;

@@ -30,7 +30,7 @@ public:
     static std::span<const RecordRow<MaterialDisplaced>> recordRows();
 
     // No asset of its own: the base material's, under this material's url.
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
 };
 
 }  // namespace TalvexCore

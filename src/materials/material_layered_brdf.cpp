@@ -112,27 +112,25 @@ void MaterialLayeredBRDF::writeLayerList(AssetXmlWriter& writer, const std::u16s
 {
     writer.openList("brdfs", "plugin");
     for (const BRDFPtr& layer : brdfs)
-        if (layer) writer.writeEntry(url + u"/" + layer->name);
+        if (layer) writer.writeEntry(KeptUrl(writer, AssetUrl(url, layer->name)).text());
     writer.closeList();
 }
 
 void MaterialLayeredBRDF::writeAsset(AssetXmlWriter& writer, const std::u16string& url,
-                                     const std::function<void()>& moreParameters) const
+                                     MoreParameters moreParameters) const
 {
     // Each layer extends the material's url by its own name.
-    std::vector<ChildSlot> layers;
-    layers.reserve(brdfs.size());
-    for (const BRDFPtr& layer : brdfs) layers.emplace_back(nullptr, nullptr, layer);
-    const AssetFrame frame(writer, *this, url, "defnumat", layers);
+    const AssetFrame frame(writer, *this, url, "defnumat", brdfs.size(),
+                           [this](std::size_t i) { return ChildSlot(nullptr, nullptr, brdfs[i]); });
     writer.writeInt("double_sided", static_cast<int32_t>(double_sided));
     writeLayerList(writer, url);
     if (moreParameters) moreParameters();
     frame.close();
 }
 
-void MaterialLayeredBRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void MaterialLayeredBRDF::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    writeAsset(writer, url + u"/" + name);
+    writeAsset(writer, KeptUrl(writer, AssetUrl(url, name)));
 }
 
 }  // namespace TalvexCore

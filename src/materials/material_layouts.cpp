@@ -1,6 +1,8 @@
 #include "materials/material_layouts.h"
 
 #include <array>
+#include <span>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -155,7 +157,8 @@ void writeOwnLayout(AssetXmlWriter& writer, const BaseMaterial& material, const 
     using M = OwnerOf<rows>;
     const auto& self = static_cast<const M&>(material);
     const std::span<const XmlRow<M>> table(rows);
-    const std::u16string url = u"/" + self.name;
+    const KeptUrl kept(writer, AssetUrl(u"", self.name));
+    const std::u16string& url = kept.text();
     for (const XmlRow<M>& row : table)
         if (auto f = std::get_if<MaterialPtr M::*>(&row.field)) writeStandardLayout(writer, resolveReference(self.**f));
     writeRowTextures(writer, self, url, table);
@@ -193,21 +196,23 @@ void writeStandardLayout(AssetXmlWriter& writer, const MaterialPtr& given)
 {
     const MaterialPtr material = resolveReference(given);
     if (!material) return;
-    const std::u16string url = u"/" + material->name;
-    const std::vector<MaterialPtr> cores = findMaterialsByType(material, layeredTypeId);
+    const MaterialPtr core = findFirstMaterialByType(material, layeredTypeId);
     // Without a layered core, the material does not appear in the XML at all.
-    if (cores.empty()) return;
-    const auto& layered = static_cast<const MaterialLayeredBRDF&>(*cores.front());
+    if (!core) return;
+    const auto& layered = static_cast<const MaterialLayeredBRDF&>(*core);
+    const KeptUrl kept(writer, AssetUrl(u"", material->name));
+    const std::u16string& url = kept.text();
 
-    std::vector<std::pair<const WrapperBlock*, MaterialPtr>> found;
-    for (const WrapperBlock& block : wrapperBlocks) {
-        const std::vector<MaterialPtr> hits = findMaterialsByType(material, block.typeId);
-        if (!hits.empty()) found.emplace_back(&block, hits.front());
-    }
+    std::array<std::pair<const WrapperBlock*, MaterialPtr>, std::tuple_size_v<decltype(wrapperBlocks)>> found;
+    std::size_t foundCount = 0;
+    for (const WrapperBlock& block : wrapperBlocks)
+        if (MaterialPtr wrapper = findFirstMaterialByType(material, block.typeId))
+            found[foundCount++] = {&block, std::move(wrapper)};
+    const std::span<const std::pair<const WrapperBlock*, MaterialPtr>> wrappers(found.data(), foundCount);
 
-    for (const auto& [block, wrapper] : found) block->textures(writer, *wrapper, url);
+    for (const auto& [block, wrapper] : wrappers) block->textures(writer, *wrapper, url);
     layered.writeAsset(writer, url, [&] {
-        for (const auto& [block, wrapper] : found) block->parameters(writer, *wrapper, url);
+        for (const auto& [block, wrapper] : wrappers) block->parameters(writer, *wrapper, url);
     });
 }
 

@@ -22,7 +22,7 @@ public:
     MaterialPtr cloneSameName() const override;
     bool isEqual(const MaterialPtr& other) const override;
 
-    std::u16string pluginType() const override { return u"MtlMulti"; }
+    const std::u16string& pluginType() const override { return typeName<u"MtlMulti">(); }
 };
 
 }  // namespace TalvexCore

@@ -23,7 +23,7 @@ const RecordRow<M> recordTable[] = {
 std::span<const RecordRow<M>> M::recordRows() { return recordTable; }
 
 // Unlike the displaced material it adds no name to the url.
-void M::writeXml(AssetXmlWriter& writer, std::u16string url) const { writeInnerXml(writer, base_mtl, url); }
+void M::writeXml(AssetXmlWriter& writer, const std::u16string& url) const { writeInnerXml(writer, base_mtl, url); }
 
 template class RowMaterial<M>;
 

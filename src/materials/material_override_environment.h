@@ -39,7 +39,7 @@ public:
     static std::span<const RecordRow<MaterialOverrideEnvironment>> recordRows();
 
     // No asset of its own: the base material's, under the url it was given.
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
 };
 
 }  // namespace TalvexCore

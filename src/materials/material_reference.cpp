@@ -54,7 +54,7 @@ bool MaterialReference::isEqual(const MaterialPtr& other) const
     return childEqual(scene->materialForUuid(target_uuid), scene->materialForUuid(that->target_uuid));
 }
 
-void MaterialReference::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void MaterialReference::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     writeInnerXml(writer, embedded, url);
 }

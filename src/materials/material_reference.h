@@ -27,7 +27,7 @@ public:
     bool isEqual(const MaterialPtr& other) const override;
 
     // A reference has no asset of its own: it stands for its copy, which it emits in its place.
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const final;
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const final;
 };
 
 }  // namespace TalvexCore

@@ -76,8 +76,12 @@ public:
     // Same class; each inner material and texture equal or both empty; every value equal.
     bool isEqual(const MaterialPtr& other) const override;
     // Inner materials, textures, then its own asset with the parameters of xmlRows().
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return M::plugin; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override
+    {
+        static const std::u16string kept = M::plugin;
+        return kept;
+    }
 
 private:
     const M& self() const { return static_cast<const M&>(*this); }

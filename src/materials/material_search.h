@@ -39,6 +39,8 @@ private:
 // type (the search does not go on inside it), else the matches of its inner materials in order.
 // The search goes no deeper than the maximum depth.
 std::vector<MaterialPtr> findMaterialsByType(const MaterialPtr& material, uint32_t typeId);
+// The first of them, or none; the same search, ended at its first find.
+MaterialPtr findFirstMaterialByType(const MaterialPtr& material, uint32_t typeId);
 // A reference gives its embedded copy, which may be empty; any other material gives itself.
 MaterialPtr resolveReference(const MaterialPtr& material);
 // Whether a parameter naming this material is written: not for an empty one, nor for a reference

@@ -27,7 +27,7 @@ public:
     MaterialPtr cloneSameName() const override;
     bool isEqual(const MaterialPtr& other) const override;
 
-    std::u16string pluginType() const override { return u"MtlSingleBRDF"; }
+    const std::u16string& pluginType() const override { return typeName<u"MtlSingleBRDF">(); }
 };
 
 }  // namespace TalvexCore

@@ -80,7 +80,7 @@ bool Mirror_BRDF::isEqual(const BRDFPtr& other) const
            cutoff == o->cutoff && mirror_aux_int == o->mirror_aux_int;
 }
 
-void Mirror_BRDF::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void Mirror_BRDF::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     writeLayerXml(writer, url, {
         {"color", color},

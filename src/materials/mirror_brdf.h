@@ -28,8 +28,8 @@ public:
     void resetDefaults() override;
     BRDFPtr clone() const override;
     bool isEqual(const BRDFPtr& other) const override;
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"BRDFReflection"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"BRDFReflection">(); }
 };
 
 }  // namespace TalvexCore

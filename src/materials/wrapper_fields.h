@@ -19,6 +19,7 @@
 #include "records/record_io.h"
 #include "materials/scene_materials.h"
 #include "textures/base_texture.h"
+#include "xml/asset_frame.h"
 #include "xml/asset_xml_writer.h"
 
 namespace TalvexCore {
@@ -162,21 +163,14 @@ bool rowsEqual(const M& self, const MaterialPtr& other)
 // top level by the url of the inner material's standard asset, only when that one is emitted.
 enum class InnerNaming { OwnerUrl, TopLevel };
 
-template <class M>
-std::u16string rowUrl(const std::u16string& url, const XmlRow<M>& row)
-{
-    std::u16string result = url + u"/";
-    appendNarrowAsWide(result, row.word());
-    return result;
-}
-
 // The asset of each present texture among the rows, under its url word.
 template <class M>
 void writeRowTextures(AssetXmlWriter& writer, const M& self, const std::u16string& url,
                       std::span<const XmlRow<M>> rows)
 {
     for (const XmlRow<M>& row : rows)
-        if (auto f = std::get_if<TexturePtr M::*>(&row.field); f && self.**f) (self.**f)->writeXml(writer, rowUrl(url, row));
+        if (auto f = std::get_if<TexturePtr M::*>(&row.field); f && self.**f)
+            (self.**f)->writeXml(writer, KeptUrl(writer, AssetUrl(url, row.word())));
 }
 
 template <class M>
@@ -190,7 +184,9 @@ void writeRowParameters(AssetXmlWriter& writer, const M& self, const std::u16str
                            if (naming == InnerNaming::OwnerUrl) writer.writePlugin(row.name, inner, url);
                            else if (isEmittable(inner)) writer.writePlugin(row.name, inner, u"");
                        },
-                       [&](TexturePtr M::*f) { writer.writePlugin(row.name, self.*f, rowUrl(url, row)); },
+                       [&](TexturePtr M::*f) {
+                           writer.writePlugin(row.name, self.*f, KeptUrl(writer, AssetUrl(url, row.word())).text());
+                       },
                        [&](Color M::*f) { writer.writeColor(row.name, self.*f); },
                        [&](float M::*f) { writer.writeFloat(row.name, self.*f); },
                        [&](uint32_t M::*f) { writer.writeInt(row.name, static_cast<int32_t>(self.*f)); },
@@ -209,9 +205,11 @@ void writeRowParameters(AssetXmlWriter& writer, const M& self, const std::u16str
 // The asset a wrapper gives of itself inside another object's url: its inner materials and textures
 // first, then its own asset with an empty layout and the parameters of its rows.
 template <class M>
-void writeWrapperXml(AssetXmlWriter& writer, const M& self, std::u16string url, std::span<const XmlRow<M>> rows)
+void writeWrapperXml(AssetXmlWriter& writer, const M& self, const std::u16string& ownerUrl,
+                     std::span<const XmlRow<M>> rows)
 {
-    url += u"/" + self.name;
+    const KeptUrl kept(writer, AssetUrl(ownerUrl, self.name));
+    const std::u16string& url = kept.text();
     for (const XmlRow<M>& row : rows)
         if (auto f = std::get_if<MaterialPtr M::*>(&row.field)) writeInnerXml(writer, self.**f, url);
     writeRowTextures(writer, self, url, rows);
@@ -261,9 +259,9 @@ bool RowMaterial<M>::isEqual(const MaterialPtr& other) const
 }
 
 template <class M>
-void RowMaterial<M>::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void RowMaterial<M>::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    if constexpr (requires { M::xmlRows(); }) writeWrapperXml(writer, self(), std::move(url), M::xmlRows());
+    if constexpr (requires { M::xmlRows(); }) writeWrapperXml(writer, self(), url, M::xmlRows());
 }
 
 }  // namespace TalvexCore

@@ -1,6 +1,7 @@
 #include "options/all_options.h"
 
 #include <array>
+#include <map>
 #include <vector>
 
 #include "options/all_options_settings.h"
@@ -26,13 +27,23 @@ constexpr std::array<std::string_view, 34> channelNames = {
 // A settings asset is named after its group, not after the options set.
 class GroupAsset : public TalvexXMLSerializable {
 public:
-    explicit GroupAsset(std::string_view group) : group(group) {}
-    void writeXml(AssetXmlWriter&, std::u16string) const override {}
-    std::u16string pluginType() const override { return narrowToWide(group); }
-    std::u16string assetType() const override { return u"settings"; }
+    explicit GroupAsset(std::string_view group) : plugin(typeNameOf(group)) {}
+    void writeXml(AssetXmlWriter&, const std::u16string&) const override {}
+    const std::u16string& pluginType() const override { return plugin; }
+    const std::u16string& assetType() const override { return typeName<u"settings">(); }
 
 private:
-    std::string_view group;
+    // The groups' names as wide text, made once.
+    static const std::u16string& typeNameOf(std::string_view group)
+    {
+        static const std::map<std::string_view, std::u16string> names = [] {
+            std::map<std::string_view, std::u16string> made;
+            for (std::string_view name : SettingsGroups::inOrder) made.emplace(name, narrowToWide(name));
+            return made;
+        }();
+        return names.at(group);
+    }
+    const std::u16string& plugin;
 };
 
 }  // namespace
@@ -70,22 +81,19 @@ bool AllOptions::isEqual(const AllOptions& other) const
 
 // One asset per group, each in its own Assets element; a group's texture assets stand inside that
 // element ahead of the group's own asset.
-void AllOptions::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void AllOptions::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     const auto own = bindSettings(table, *this);
     const auto parameters = bindSettings(ParamsSettings::table, static_cast<const NuvaUtils::NuvaParams&>(params));
     const auto frame = bindSettings(FrameDataSettings::table, static_cast<const NuvaUtils::NuvaFrameData&>(frameData));
     const auto lens = bindSettings(physicalCameraSettings, camera);
     for (std::string_view group : SettingsGroups::inOrder) {
-        std::u16string assetUrl = url;
-        assetUrl += u'/';
-        appendNarrowAsWide(assetUrl, group);
         writer.openAssets();
         std::vector<ChildSlot> slots;
         for (const SettingChild& child : settingChildren(group, own))
             slots.emplace_back(child.parameter.data(), child.urlWord.data(), child.child);
-        const AssetFrame asset(writer, GroupAsset(group), assetUrl, "", slots);
-        writeSettingParameters(writer, group, assetUrl, parameters, frame, own, lens);
+        const AssetFrame asset(writer, GroupAsset(group), AssetUrl(url, group), "", slots);
+        writeSettingParameters(writer, group, asset.url(), parameters, frame, own, lens);
         asset.close();
         writer.closeAssets();
     }

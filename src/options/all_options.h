@@ -31,8 +31,8 @@ public:
     bool readBinary(QuickArchive& in) override;
     void resetDefaults() override;
     // The 22 settings assets, each in its own Assets element, under `url` and the group's name.
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"AllOptions"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"AllOptions">(); }
 
     bool isEqual(const AllOptions& other) const;
     bool operator==(const AllOptions& other) const { return isEqual(other); }

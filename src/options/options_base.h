@@ -8,7 +8,7 @@ namespace TalvexCore {
 class TalvexOptionsBase : public TalvexSerializable, public TalvexXMLSerializable {
 public:
     virtual void resetDefaults() = 0;
-    std::u16string assetType() const override { return u"settings"; }
+    const std::u16string& assetType() const override { return typeName<u"settings">(); }
 };
 
 }  // namespace TalvexCore

@@ -32,12 +32,10 @@ bool TalvexFrameData::isEqual(const TalvexFrameData& other) const
     return settingsEqual<F>(table, *this, other);
 }
 
-void TalvexFrameData::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void TalvexFrameData::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    url += u'/';
-    url += pluginType();
-    const AssetFrame frame(writer, *this, url, "");
-    writeSettingParameters(writer, SettingsGroups::FrameData, url, bindSettings(table, static_cast<const F&>(*this)));
+    const AssetFrame frame(writer, *this, AssetUrl(url, pluginType()), "");
+    writeSettingParameters(writer, SettingsGroups::FrameData, frame.url(), bindSettings(table, static_cast<const F&>(*this)));
     frame.close();
 }
 

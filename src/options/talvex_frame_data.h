@@ -51,8 +51,8 @@ public:
     // The matrices reset to zeros, not to the identity.
     void resetDefaults() override;
     // An asset of its own; the options file shows these values through its groups instead.
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"FrameData"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"FrameData">(); }
 
     bool isEqual(const TalvexFrameData& other) const;
     bool operator==(const TalvexFrameData& other) const { return isEqual(other); }

@@ -36,8 +36,8 @@ public:
     bool readBinary(QuickArchive& in) override;
     void resetDefaults() override;
     // The stamp has no asset.
-    void writeXml(AssetXmlWriter&, std::u16string) const override {}
-    std::u16string pluginType() const override { return u"NFBStampInfo"; }
+    void writeXml(AssetXmlWriter&, const std::u16string&) const override {}
+    const std::u16string& pluginType() const override { return typeName<u"NFBStampInfo">(); }
 
     bool isEqual(const TalvexNFBStampInfo& other) const;
     bool operator==(const TalvexNFBStampInfo& other) const { return isEqual(other); }

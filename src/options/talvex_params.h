@@ -153,8 +153,8 @@ public:
     bool readBinary(QuickArchive& in) override;
     void resetDefaults() override;
     // The parameters are shown by the options' groups, not by an asset of their own.
-    void writeXml(AssetXmlWriter&, std::u16string) const override {}
-    std::u16string pluginType() const override { return u"TalvexParams"; }
+    void writeXml(AssetXmlWriter&, const std::u16string&) const override {}
+    const std::u16string& pluginType() const override { return typeName<u"TalvexParams">(); }
 
     bool isEqual(const TalvexParams& other) const;
     bool operator==(const TalvexParams& other) const { return isEqual(other); }

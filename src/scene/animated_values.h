@@ -109,9 +109,9 @@ public:
     // All keys gone, then zero at time 0.
     virtual void clear();
 
-    void writeXml(AssetXmlWriter&, std::u16string) const override {}
-    std::u16string pluginType() const override { return {}; }
-    std::u16string assetType() const override { return {}; }
+    void writeXml(AssetXmlWriter&, const std::u16string&) const override {}
+    const std::u16string& pluginType() const override { return typeName<u"">(); }
+    const std::u16string& assetType() const override { return typeName<u"">(); }
 
     const KeyFrames<V>& keys() const { return frames; }
     bool operator==(const AnimatedNumber& other) const
@@ -152,9 +152,9 @@ public:
     virtual Transform keyValue(int32_t index) const;
     // All keys gone, then the identity at time 0.
     virtual void clear();
-    std::u16string pluginType() const override { return {}; }
-    std::u16string assetType() const override { return {}; }
-    void writeXml(AssetXmlWriter&, std::u16string) const override {}
+    const std::u16string& pluginType() const override { return typeName<u"">(); }
+    const std::u16string& assetType() const override { return typeName<u"">(); }
+    void writeXml(AssetXmlWriter&, const std::u16string&) const override {}
 
     // The same keys: times and all twelve numbers compared exactly.
     bool isEqual(const AnimatedTransform& other) const { return frames == other.frames; }

@@ -21,9 +21,9 @@ public:
     virtual void resetDefaults() = 0;
 
     // A light of a plug-in the XML does not know leaves no trace in it.
-    void writeXml(AssetXmlWriter&, std::u16string) const override {}
-    std::u16string pluginType() const override { return {}; }
-    std::u16string assetType() const override { return u"light"; }
+    void writeXml(AssetXmlWriter&, const std::u16string&) const override {}
+    const std::u16string& pluginType() const override { return typeName<u"">(); }
+    const std::u16string& assetType() const override { return typeName<u"light">(); }
 };
 
 using LightPtr = std::shared_ptr<BaseLight>;

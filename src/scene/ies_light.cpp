@@ -33,7 +33,7 @@ bool IESLight::isEqual(const LightPtr& other) const
     return o && fields(*this) == fields(*o);
 }
 
-void IESLight::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void IESLight::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     const LightXml xml(writer, *this, url);
     writer.writeTransform("transform", transform);

@@ -11,7 +11,7 @@ namespace TalvexCore {
 class LightXml : public AssetFrame {
 public:
     LightXml(AssetXmlWriter& writer, const BaseLight& light, const std::u16string& url)
-        : AssetFrame(writer, light, url + u'/' + light.pluginType(), "")
+        : AssetFrame(writer, light, AssetUrl(url, light.pluginType()), "")
     {
     }
 };

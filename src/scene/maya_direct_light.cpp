@@ -34,7 +34,7 @@ bool MayaDirectLight::isEqual(const LightPtr& other) const
     return o && fields(*this) == fields(*o);
 }
 
-void MayaDirectLight::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void MayaDirectLight::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     const LightXml xml(writer, *this, url);
     writer.writeColor("color", color);

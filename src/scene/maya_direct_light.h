@@ -23,8 +23,8 @@ public:
     // Every stored field but the key-framed transform.
     bool isEqual(const LightPtr& other) const override;
     void resetDefaults() override { *this = MayaDirectLight(); }
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"MayaLightDirect"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"MayaLightDirect">(); }
 
     template <class Self, class Fields>
     static bool record(Self& light, Fields& fields, uint32_t version);

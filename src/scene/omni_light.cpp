@@ -38,7 +38,7 @@ bool OmniLight::isEqual(const LightPtr& other) const
     return o && fields(*this) == fields(*o);
 }
 
-void OmniLight::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void OmniLight::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     const LightXml xml(writer, *this, url);
     writer.writeColor("color", color);

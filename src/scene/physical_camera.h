@@ -58,9 +58,9 @@ public:
     bool isEqual(const CameraPtr& other) const override;
     bool operator==(const PhysicalCamera& other) const;
 
-    void writeXml(AssetXmlWriter&, std::u16string) const override {}
-    std::u16string pluginType() const override { return u"CameraPhysical"; }
-    std::u16string assetType() const override { return u"settings"; }
+    void writeXml(AssetXmlWriter&, const std::u16string&) const override {}
+    const std::u16string& pluginType() const override { return typeName<u"CameraPhysical">(); }
+    const std::u16string& assetType() const override { return typeName<u"settings">(); }
 };
 
 inline constexpr auto focalLengthSetting = keyedRealSetting<&PhysicalCamera::focal_length, 40, 2>();

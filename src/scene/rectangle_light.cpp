@@ -42,7 +42,7 @@ bool RectangleLight::isEqual(const LightPtr& other) const
     return o && fields(*this) == fields(*o);
 }
 
-void RectangleLight::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void RectangleLight::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     const LightXml xml(writer, *this, url);
     writer.writeColor("color", color);

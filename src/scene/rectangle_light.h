@@ -24,8 +24,8 @@ public:
     LightPtr clone() const override { return std::make_shared<RectangleLight>(*this); }
     bool isEqual(const LightPtr& other) const override;
     void resetDefaults() override { *this = RectangleLight(); }
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"LightRectangle"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"LightRectangle">(); }
 
     template <class Self, class Fields>
     static bool record(Self& light, Fields& fields, uint32_t version);

@@ -87,7 +87,7 @@ bool RenderView::operator==(const RenderView& other) const
            img_width == other.img_width && img_height == other.img_height && viewFlag == other.viewFlag;
 }
 
-void RenderView::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void RenderView::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     // The containers take part in the steps and write nothing.
     fieldOfView.writeXml(writer, url);
@@ -95,9 +95,7 @@ void RenderView::writeXml(AssetXmlWriter& writer, std::u16string url) const
     viewRealB.writeXml(writer, url);
     viewFlag.writeXml(writer, url);
     viewTransform.writeXml(writer, url);
-    url += u'/';
-    url += pluginType();
-    const AssetFrame frame(writer, *this, std::move(url), "");
+    const AssetFrame frame(writer, *this, AssetUrl(url, pluginType()), "");
     writer.writeInt("img_width", img_width);
     writer.writeInt("img_height", img_height);
     frame.close();

@@ -33,9 +33,9 @@ public:
     bool operator==(const RenderView& other) const;
 
     // One settings asset with the image size.
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"RenderView"; }
-    std::u16string assetType() const override { return u"settings"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"RenderView">(); }
+    const std::u16string& assetType() const override { return typeName<u"settings">(); }
 };
 
 }  // namespace TalvexCore

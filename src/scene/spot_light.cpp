@@ -42,7 +42,7 @@ bool SpotLight::isEqual(const LightPtr& other) const
     return o && fields(*this) == fields(*o);
 }
 
-void SpotLight::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void SpotLight::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     const LightXml xml(writer, *this, url);
     writer.writeColor("color", color);

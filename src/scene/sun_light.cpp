@@ -40,8 +40,9 @@ bool SunLight::isEqual(const LightPtr& other) const
     return o && fields(*this) == fields(*o);
 }
 
-void SunLight::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void SunLight::writeXml(AssetXmlWriter& writer, const std::u16string& ownerUrl) const
 {
+    std::u16string url = ownerUrl;
     if (writer.sunDirectory.contains(sunId)) return;
     if (writer.sunUrlMode == 0) {
         const auto written = writer.sunDirectory.size();

@@ -55,10 +55,10 @@ public:
     void resetDefaults() override { *this = SunLight(); }
     // Once per writer: a sun already in its directory writes nothing, and the document's sun
     // under an empty url is left to the host.
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"SunLight"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"SunLight">(); }
     // A plugin parameter naming a sun gives its url alone: a sun's url names it whole.
-    std::optional<std::u16string> referenceName() const override { return std::nullopt; }
+    const std::u16string* referenceName() const override { return nullptr; }
 
     template <class Self, class Fields>
     static bool record(Self& sun, Fields& fields, uint32_t version);

@@ -37,9 +37,9 @@ bool AColorTexture::isEqual(const TexturePtr& other) const
     return o && texture == o->texture;
 }
 
-void AColorTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void AColorTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url));
+    const TextureXml xml(writer, *this, url);
     writer.writeAColor("texture", texture);
     xml.close();
 }

@@ -15,7 +15,7 @@ public:
     virtual uint32_t typeId() const = 0;
     virtual std::shared_ptr<BaseBitmap> clone() const = 0;
     virtual bool isEqual(const std::shared_ptr<BaseBitmap>& other) const = 0;
-    std::u16string assetType() const override { return u"bitmap"; }
+    const std::u16string& assetType() const override { return typeName<u"bitmap">(); }
 };
 
 using BitmapPtr = std::shared_ptr<BaseBitmap>;

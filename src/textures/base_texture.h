@@ -20,7 +20,7 @@ public:
     virtual std::shared_ptr<BaseTexture> clone() const = 0;
     // Deep comparison by value; false for an empty reference or another class.
     virtual bool isEqual(const std::shared_ptr<BaseTexture>& other) const = 0;
-    std::u16string assetType() const override { return u"texture"; }
+    const std::u16string& assetType() const override { return typeName<u"texture">(); }
 };
 
 using TexturePtr = std::shared_ptr<BaseTexture>;

@@ -17,7 +17,7 @@ public:
     virtual void updateTransforms() = 0;
     virtual std::shared_ptr<BaseUVW> clone() const = 0;
     virtual bool isEqual(const std::shared_ptr<BaseUVW>& other) const = 0;
-    std::u16string assetType() const override { return u"uvw"; }
+    const std::u16string& assetType() const override { return typeName<u"uvw">(); }
 };
 
 using UVWPtr = std::shared_ptr<BaseUVW>;

@@ -47,9 +47,9 @@ bool BitmapBuffer::isEqual(const BitmapPtr& other) const
            gamma == o->gamma;
 }
 
-void BitmapBuffer::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void BitmapBuffer::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url));
+    const TextureXml xml(writer, *this, url);
     writer.writeInt("filter_type", filter_type);
     writer.writeFloat("filter_blur", filter_blur);
     writer.writeFloat("gamma", gamma);

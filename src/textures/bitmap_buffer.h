@@ -23,8 +23,8 @@ public:
     BitmapPtr clone() const override;
     // The file compares without regard to case, the rest exactly.
     bool isEqual(const BitmapPtr& other) const override;
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"BitmapBuffer"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"BitmapBuffer">(); }
 };
 
 }  // namespace TalvexCore

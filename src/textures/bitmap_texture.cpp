@@ -53,9 +53,9 @@ bool BitmapTexture::isEqual(const TexturePtr& other) const
     return o && childEqual(uvwgen, o->uvwgen) && childEqual(bitmap, o->bitmap) && tile == o->tile;
 }
 
-void BitmapTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void BitmapTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url),
+    const TextureXml xml(writer, *this, url,
                          {{"uvwgen", "uvwgen", uvwgen}, {"bitmap", "buffer", bitmap}});
     xml.writeChildParameters();
     writer.writeBool("tile", tile);

@@ -22,8 +22,8 @@ public:
     uint32_t typeId() const override { return 0; }
     TexturePtr clone() const override;
     bool isEqual(const TexturePtr& other) const override;
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"TexBitmap"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"TexBitmap">(); }
 };
 
 }  // namespace TalvexCore

@@ -75,9 +75,9 @@ bool BlendTexture::isEqual(const TexturePtr& other) const
            color_a_mult == o->color_a_mult && color_b_mult == o->color_b_mult && blend_amount == o->blend_amount;
 }
 
-void BlendTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void BlendTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url),
+    const TextureXml xml(writer, *this, url,
                          {{"color_a", "color_a", color_a}, {"color_b", "color_b", color_b}});
     xml.writeChildParameters();
     writer.writeFloat("blend_amount", blend_amount);

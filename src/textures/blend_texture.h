@@ -21,8 +21,8 @@ public:
     uint32_t typeId() const override { return 10; }
     TexturePtr clone() const override;
     bool isEqual(const TexturePtr& other) const override;
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"TexBlend"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"TexBlend">(); }
 };
 
 }  // namespace TalvexCore

@@ -42,9 +42,9 @@ bool BulgeTexture::isEqual(const TexturePtr& other) const
     return o && childEqual(uvwgen, o->uvwgen) && u_width == o->u_width && v_width == o->v_width;
 }
 
-void BulgeTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void BulgeTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url), {{"uvwgen", "uvwgen", uvwgen}});
+    const TextureXml xml(writer, *this, url, {{"uvwgen", "uvwgen", uvwgen}});
     xml.writeChildParameters();
     writer.writeFloat("u_width", u_width);
     writer.writeFloat("v_width", v_width);

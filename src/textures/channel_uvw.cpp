@@ -59,9 +59,9 @@ bool GenChannelUVW::isEqual(const UVWPtr& other) const
 }
 
 // The coordinate transform goes out by its components, the texture transform by its matrix.
-void GenChannelUVW::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void GenChannelUVW::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url));
+    const TextureXml xml(writer, *this, url);
     writer.writeComponentTransform("uvw_transform", uvwComponents);
     writer.writeTransform("tex_transform", texMatrix);
     writer.writeInt("wrap_u", wrap_u);

@@ -58,9 +58,9 @@ bool CheckerTexture::isEqual(const TexturePtr& other) const
            blackMultiplier == o->blackMultiplier && tile_u == o->tile_u && tile_v == o->tile_v;
 }
 
-void CheckerTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void CheckerTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url),
+    const TextureXml xml(writer, *this, url,
                          {{"uvwgen", "uvwgen", uvwgen},
                           {"white_color", "white_color", white_color},
                           {"black_color", "black_color", black_color}});

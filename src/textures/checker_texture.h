@@ -26,8 +26,8 @@ public:
     uint32_t typeId() const override { return 4; }
     TexturePtr clone() const override;
     bool isEqual(const TexturePtr& other) const override;
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"TexChecker"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"TexChecker">(); }
 };
 
 }  // namespace TalvexCore

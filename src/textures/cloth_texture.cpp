@@ -54,9 +54,9 @@ bool ClothTexture::isEqual(const TexturePtr& other) const
 }
 
 // The renderer tiles each direction on its own; the one stored flag serves both.
-void ClothTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void ClothTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url), {{"uvwgen", "uvwgen", uvwgen}});
+    const TextureXml xml(writer, *this, url, {{"uvwgen", "uvwgen", uvwgen}});
     xml.writeChildParameters();
     writer.writeAColor("gap_color", gap_color);
     writer.writeAColor("u_color", u_color);

@@ -70,9 +70,9 @@ bool GenEnvironmentUVW::isEqual(const UVWPtr& other) const
     return o && mapping_type == o->mapping_type && uvwMatrix == o->uvwMatrix && uvwComponents == o->uvwComponents;
 }
 
-void GenEnvironmentUVW::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void GenEnvironmentUVW::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url));
+    const TextureXml xml(writer, *this, url);
     writer.writeComponentMatrix("uvw_matrix", uvwComponents);
     // A type set by hand outside the four projections names none.
     writer.writeString("mapping_type", knownMappingType(mapping_type) ? mappingTypeNames[mapping_type] : u"");

@@ -24,8 +24,8 @@ public:
     void updateTransforms() override;
     UVWPtr clone() const override;
     bool isEqual(const UVWPtr& other) const override;
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"UVWGenEnvironment"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"UVWGenEnvironment">(); }
 };
 
 }  // namespace TalvexCore

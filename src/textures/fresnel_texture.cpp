@@ -64,9 +64,9 @@ bool FresnelTexture::isEqual(const TexturePtr& other) const
 
 // The renderer takes the colours the other way round: each is written as its complement. The
 // first slot, named "black_color_tex", lies under "reflection_tex"; the second under "refraction_tex".
-void FresnelTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void FresnelTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url),
+    const TextureXml xml(writer, *this, url,
                          {{"black_color_tex", "reflection_tex", black_color_tex},
                           {"white_color_tex", "refraction_tex", white_color_tex},
                           {"fresnel_ior_tex", "fresnel_ior_tex", fresnel_ior_tex},

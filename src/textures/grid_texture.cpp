@@ -55,9 +55,9 @@ bool GridTexture::isEqual(const TexturePtr& other) const
            fillMultiplier == o->fillMultiplier && u_width == o->u_width && v_width == o->v_width;
 }
 
-void GridTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void GridTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url),
+    const TextureXml xml(writer, *this, url,
                          {{"uvwgen", "uvwgen", uvwgen},
                           {"line_color", "line_color", line_color},
                           {"fill_color", "fill_color", fill_color}});

@@ -43,9 +43,9 @@ bool InvertTexture::isEqual(const TexturePtr& other) const
     return o && childEqual(texture, o->texture) && invert_alpha == o->invert_alpha;
 }
 
-void InvertTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void InvertTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url), {{"texture", "base_texture", texture}});
+    const TextureXml xml(writer, *this, url, {{"texture", "base_texture", texture}});
     xml.writeChildParameters();
     writer.writeBool("invert_alpha", invert_alpha);
     xml.close();

@@ -75,9 +75,9 @@ bool NoiseTexture::isEqual(const TexturePtr& other) const
            inflection == o->inflection;
 }
 
-void NoiseTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void NoiseTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url),
+    const TextureXml xml(writer, *this, url,
                          {{"uvwgen", "uvwgen", uvwgen},
                           {"color1_tex", "color1_tex", color1_tex},
                           {"color2_tex", "color2_tex", color2_tex}});

@@ -50,9 +50,9 @@ bool RampTexture::isEqual(const TexturePtr& other) const
            u_wave == o->u_wave && v_wave == o->v_wave && type == o->type && interpolation == o->interpolation;
 }
 
-void RampTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void RampTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url), {{"uvwgen", "uvwgen", uvwgen}, {"colors", "colors", colors}});
+    const TextureXml xml(writer, *this, url, {{"uvwgen", "uvwgen", uvwgen}, {"colors", "colors", colors}});
     xml.writeChildParameters();
     writer.writeFloat("positions", positions);
     writer.writeFloat("u_wave", u_wave);

@@ -86,7 +86,7 @@ bool SkyTexture::isEqual(const TexturePtr& other) const
            static_cast<const SunParameters&>(*this) == *o && skyFlag == o->skyFlag;
 }
 
-void SkyTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void SkyTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
     std::u16string sunUrl;
     if (writer.sunUrlMode != 0) {
@@ -99,7 +99,7 @@ void SkyTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
         sun->writeXml(writer, {});
         sunUrl = writtenUrl(writer, sun->sunId, u"/SunLight");
     }
-    const TextureXml xml(writer, *this, std::move(url));
+    const TextureXml xml(writer, *this, url);
     writer.writePlugin("sun", sun, sunUrl);
     xml.close();
 }

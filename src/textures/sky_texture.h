@@ -29,8 +29,8 @@ public:
     bool isEqual(const TexturePtr& other) const override;
     // One parameter, the sun; the document's sun is named and left to the host, and another sun
     // is named under the url it was written with, or under its id.
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
-    std::u16string pluginType() const override { return u"TexSky"; }
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
+    const std::u16string& pluginType() const override { return typeName<u"TexSky">(); }
 
 private:
     bool holdsDocumentSun() const;

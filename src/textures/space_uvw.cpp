@@ -43,9 +43,9 @@ bool SpaceUVW::isEqual(const UVWPtr& other) const
     return o && uvwMatrix == o->uvwMatrix && uvwComponents == o->uvwComponents;
 }
 
-void SpaceUVW::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void SpaceUVW::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url));
+    const TextureXml xml(writer, *this, url);
     writer.writeComponentTransform("uvw_transform", uvwComponents);
     xml.close();
 }

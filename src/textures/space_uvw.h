@@ -17,7 +17,7 @@ public:
     void resetDefaults() override;
     void updateTransforms() override;
     bool isEqual(const UVWPtr& other) const override;
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override;
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
 
 protected:
     bool readRecord(QuickArchive& in);
@@ -30,7 +30,7 @@ public:
     bool readBinary(QuickArchive& in) override { return readRecord(in); }
     uint32_t typeId() const override { return 0; }
     UVWPtr clone() const override { return std::make_shared<GenPlanarWorldUVW>(*this); }
-    std::u16string pluginType() const override { return u"UVWGenPlanarWorld"; }
+    const std::u16string& pluginType() const override { return typeName<u"UVWGenPlanarWorld">(); }
 };
 
 class GenObjectUVW : public SpaceUVW {
@@ -40,7 +40,7 @@ public:
     bool readBinary(QuickArchive& in) override;
     uint32_t typeId() const override { return 1; }
     UVWPtr clone() const override { return std::make_shared<GenObjectUVW>(*this); }
-    std::u16string pluginType() const override { return u"UVWGenObject"; }
+    const std::u16string& pluginType() const override { return typeName<u"UVWGenObject">(); }
 };
 
 }  // namespace TalvexCore

@@ -13,7 +13,7 @@ namespace TalvexCore {
 // parameters, naming its children through writeChildParameters, and calls close.
 class TextureXml : public AssetFrame {
 public:
-    TextureXml(AssetXmlWriter& writer, const TalvexXMLSerializable& self, std::u16string url,
+    TextureXml(AssetXmlWriter& writer, const TalvexXMLSerializable& self, const std::u16string& url,
                std::initializer_list<ChildSlot> slots = {});
 };
 

@@ -37,9 +37,9 @@ bool UVWTexture::isEqual(const TexturePtr& other) const
     return o && childEqual(uvwgen, o->uvwgen);
 }
 
-void UVWTexture::writeXml(AssetXmlWriter& writer, std::u16string url) const
+void UVWTexture::writeXml(AssetXmlWriter& writer, const std::u16string& url) const
 {
-    const TextureXml xml(writer, *this, std::move(url), {{"uvwgen", "uvwgen", uvwgen}});
+    const TextureXml xml(writer, *this, url, {{"uvwgen", "uvwgen", uvwgen}});
     xml.writeChildParameters();
     xml.close();
 }

@@ -1,43 +1,41 @@
 #include "xml/asset_frame.h"
 
-#include "archive/text_conversion.h"
+#include <stdexcept>
 
 namespace TalvexCore {
 
-AssetFrame::AssetFrame(AssetXmlWriter& writer, const TalvexXMLSerializable& self, std::u16string url,
-                       XmlText layout, std::span<const ChildSlot> slots)
-    : writer(writer), assetUrl(std::move(url))
+void AssetFrame::setChild(std::size_t index, const ChildSlot& slot)
 {
-    // Every slot has its url, present or not: an empty child's parameter still names nothing there.
-    children.reserve(slots.size());
-    for (const ChildSlot& slot : slots) {
-        std::u16string childUrl;
-        const std::string_view word = slot.urlWord ? std::string_view(slot.urlWord) : std::string_view();
-        childUrl.reserve(assetUrl.size() + 1 + word.size());
-        childUrl = assetUrl;
-        if (slot.urlWord) {
-            childUrl += u'/';
-            appendNarrowAsWide(childUrl, word);
-        }
-        children.push_back({slot, std::move(childUrl)});
-    }
-    for (const Child& child : children)
+    FrameStore& store = writer.frames();
+    FrameStore::Entry& child = store[first + 1 + index];
+    child.slot = slot;
+    if (slot.urlWord) AssetUrl(store[first].url, slot.urlWord).assignTo(child.url);
+    else AssetUrl(store[first].url).assignTo(child.url);
+}
+
+void AssetFrame::open(const TalvexXMLSerializable& self, XmlText layout)
+{
+    FrameStore& store = writer.frames();
+    for (std::size_t i = 0; i < childCount; ++i) {
+        const FrameStore::Entry& child = store[first + 1 + i];
         if (child.slot.child) child.slot.child->writeXml(writer, child.url);
-    const std::u16string assetType = self.assetType();
-    writer.openAsset(assetUrl, assetType, layout);
+    }
+    const std::u16string& assetType = self.assetType();
+    writer.openAsset(store[first].url, assetType, layout);
     writer.openPlugin(self.pluginType(), assetType);
     writer.openParameters();
 }
 
 void AssetFrame::writeChildParameter(std::size_t index) const
 {
-    const Child& child = children.at(index);
+    if (index >= childCount) throw std::out_of_range("AssetFrame::writeChildParameter");
+    const FrameStore::Entry& child = writer.frames()[first + 1 + index];
     writer.writePlugin(child.slot.parameter, child.slot.child, child.url);
 }
 
 void AssetFrame::writeChildParameters() const
 {
-    for (std::size_t i = 0; i < children.size(); ++i) writeChildParameter(i);
+    for (std::size_t i = 0; i < childCount; ++i) writeChildParameter(i);
 }
 
 void AssetFrame::close() const
@@ -45,6 +43,11 @@ void AssetFrame::close() const
     writer.closeParameters();
     writer.closePlugin();
     writer.closeAsset();
+}
+
+KeptUrl::KeptUrl(AssetXmlWriter& writer, AssetUrl url) : writer(writer), index(writer.frames().take(1))
+{
+    url.assignTo(writer.frames()[index].url);
 }
 
 }  // namespace TalvexCore

@@ -5,47 +5,43 @@
 #include <concepts>
 #include <cstddef>
 #include <initializer_list>
-#include <memory>
 #include <span>
 #include <string>
-#include <vector>
 
 #include "records/serializable.h"
 #include "xml/asset_xml_writer.h"
+#include "xml/frame_store.h"
 
 namespace TalvexCore {
-
-// One child of an asset: the plugin parameter that names it, the word its url adds to the
-// asset's, and the child itself. A slot with no url word hands the child the asset's own url,
-// which the child extends as it does (a material's layers add their names).
-struct ChildSlot {
-    ChildSlot(const char* parameter, const char* urlWord, const TalvexXMLSerializable* child)
-        : parameter(parameter), urlWord(urlWord), child(child) {}
-    template <class T>
-        requires std::derived_from<T, TalvexXMLSerializable>
-    ChildSlot(const char* parameter, const char* urlWord, const std::shared_ptr<T>& child)
-        : ChildSlot(parameter, urlWord, static_cast<const TalvexXMLSerializable*>(child.get())) {}
-
-    const char* parameter;
-    const char* urlWord;
-    const TalvexXMLSerializable* child;  // null: no child
-};
 
 // Construction writes each present child's asset under its slot url, in slot order, so that the
 // children stand complete before their parent; then it opens the asset at `url`, the plugin with
 // the object's plug-in and asset types, and the parameters. The caller writes the parameters and
-// calls close.
+// calls close. The urls are kept in the writer's frame store for as long as the frame lives.
 class AssetFrame {
 public:
-    AssetFrame(AssetXmlWriter& writer, const TalvexXMLSerializable& self, std::u16string url, XmlText layout,
-               std::span<const ChildSlot> slots);
-    AssetFrame(AssetXmlWriter& writer, const TalvexXMLSerializable& self, std::u16string url, XmlText layout,
+    AssetFrame(AssetXmlWriter& writer, const TalvexXMLSerializable& self, AssetUrl url, XmlText layout,
+               std::span<const ChildSlot> slots)
+        : AssetFrame(writer, self, url, layout, slots.size(), [slots](std::size_t i) { return slots[i]; }) {}
+    AssetFrame(AssetXmlWriter& writer, const TalvexXMLSerializable& self, AssetUrl url, XmlText layout,
                std::initializer_list<ChildSlot> slots = {})
-        : AssetFrame(writer, self, std::move(url), layout, std::span<const ChildSlot>(slots.begin(), slots.size())) {}
+        : AssetFrame(writer, self, url, layout, std::span<const ChildSlot>(slots.begin(), slots.size())) {}
+    // `count` slots, slot `i` given by `slotAt(i)`, for an object whose children are a list.
+    template <class SlotAt>
+        requires std::invocable<const SlotAt&, std::size_t>
+    AssetFrame(AssetXmlWriter& writer, const TalvexXMLSerializable& self, AssetUrl url, XmlText layout,
+               std::size_t count, const SlotAt& slotAt)
+        : writer(writer), first(writer.frames().take(1 + count)), childCount(count)
+    {
+        url.assignTo(writer.frames()[first].url);
+        for (std::size_t i = 0; i < count; ++i) setChild(i, slotAt(i));
+        open(self, layout);
+    }
     AssetFrame(const AssetFrame&) = delete;
     AssetFrame& operator=(const AssetFrame&) = delete;
+    ~AssetFrame() { writer.frames().giveBack(first); }
 
-    const std::u16string& url() const { return assetUrl; }
+    const std::u16string& url() const { return writer.frames()[first].url; }
     // The plugin parameter of slot `index`, naming the child's asset; an empty child gets its
     // parameter with no value.
     void writeChildParameter(std::size_t index) const;
@@ -54,13 +50,29 @@ public:
     void close() const;
 
 private:
-    struct Child {
-        ChildSlot slot;
-        std::u16string url;
-    };
+    // Every slot has its url, present or not: an empty child's parameter still names nothing there.
+    void setChild(std::size_t index, const ChildSlot& slot);
+    void open(const TalvexXMLSerializable& self, XmlText layout);
+
     AssetXmlWriter& writer;
-    std::u16string assetUrl;
-    std::vector<Child> children;
+    std::size_t first;  // the asset's url in the frame store, its children's behind it
+    std::size_t childCount;
+};
+
+// A url built in the writer's frame store, for as long as this lives.
+class KeptUrl {
+public:
+    KeptUrl(AssetXmlWriter& writer, AssetUrl url);
+    KeptUrl(const KeptUrl&) = delete;
+    KeptUrl& operator=(const KeptUrl&) = delete;
+    ~KeptUrl() { writer.frames().giveBack(index); }
+
+    const std::u16string& text() const { return writer.frames()[index].url; }
+    operator const std::u16string&() const { return text(); }
+
+private:
+    AssetXmlWriter& writer;
+    std::size_t index;
 };
 
 }  // namespace TalvexCore

@@ -519,7 +519,7 @@ void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref,
     }
     inlineValueStart();
     appendEscaped(url);
-    if (const std::optional<std::u16string> tail = ref->referenceName()) {
+    if (const std::u16string* tail = ref->referenceName()) {
         putChar('/');
         putWide(*tail);
     }

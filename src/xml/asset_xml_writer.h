@@ -12,6 +12,7 @@
 
 #include "archive/value_types.h"
 #include "records/serializable.h"
+#include "xml/frame_store.h"
 #include "xml/xml_text.h"
 
 namespace TalvexCore {
@@ -89,6 +90,9 @@ public:
     static std::u16string unescapeXml(std::u16string_view text);
     std::u16string indentText() const;
 
+    // The urls of the assets being written, kept from one asset to the next.
+    FrameStore& frames() { return frameStore; }
+
     // Suns written so far, by id, and how a sun's url is formed; kept for the sky and sun emitters.
     std::map<std::u16string, std::u16string> sunDirectory;
     int32_t sunUrlMode = 1;
@@ -133,6 +137,7 @@ private:
     std::u16string rootTag;
     FlushSink flushSink;
     Utf8FlushSink utf8FlushSink;
+    FrameStore frameStore;
     std::size_t staged = 0;
     char stage[stageSize];
 };

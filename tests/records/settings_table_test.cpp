@@ -43,9 +43,9 @@ public:
         return true;
     }
     bool isEqual(const std::shared_ptr<Shade>& other) const { return other && other->hue == hue; }
-    void writeXml(AssetXmlWriter&, std::u16string) const override {}
-    std::u16string pluginType() const override { return u"TexShade"; }
-    std::u16string assetType() const override { return u"texture"; }
+    void writeXml(AssetXmlWriter&, const std::u16string&) const override {}
+    const std::u16string& pluginType() const override { return typeName<u"TexShade">(); }
+    const std::u16string& assetType() const override { return typeName<u"texture">(); }
 };
 void makeFromTypeId(std::shared_ptr<Shade>& out, uint32_t id) { out = id == 4 ? std::make_shared<Shade>() : nullptr; }
 }  // namespace Shades

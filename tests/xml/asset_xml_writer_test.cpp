@@ -25,13 +25,13 @@ namespace {
 class Probe : public TalvexXMLSerializable {
 public:
     explicit Probe(std::optional<std::u16string> reference = u"TexProbe") : reference(std::move(reference)) {}
-    void writeXml(AssetXmlWriter& writer, std::u16string url) const override
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override
     {
         writer.writeRaw(u"[" + url + u"]\n");
     }
-    std::u16string pluginType() const override { return u"TexProbe"; }
-    std::u16string assetType() const override { return u"texture"; }
-    std::optional<std::u16string> referenceName() const override { return reference; }
+    const std::u16string& pluginType() const override { return typeName<u"TexProbe">(); }
+    const std::u16string& assetType() const override { return typeName<u"texture">(); }
+    const std::u16string* referenceName() const override { return reference ? &*reference : nullptr; }
 
 private:
     std::optional<std::u16string> reference;

@@ -1,0 +1,75 @@
+// FrameStore: the url text and child slots of the assets being written, kept by the writer.
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "records/serializable.h"
+
+namespace TalvexCore {
+
+// One child of an asset: the plugin parameter that names it, the word its url adds to the
+// asset's, and the child itself. A slot with no url word hands the child the asset's own url,
+// which the child extends as it does (a material's layers add their names).
+struct ChildSlot {
+    ChildSlot() = default;
+    ChildSlot(const char* parameter, const char* urlWord, const TalvexXMLSerializable* child)
+        : parameter(parameter), urlWord(urlWord), child(child) {}
+    template <class T>
+        requires std::derived_from<T, TalvexXMLSerializable>
+    ChildSlot(const char* parameter, const char* urlWord, const std::shared_ptr<T>& child)
+        : ChildSlot(parameter, urlWord, static_cast<const TalvexXMLSerializable*>(child.get())) {}
+
+    const char* parameter = nullptr;
+    const char* urlWord = nullptr;
+    const TalvexXMLSerializable* child = nullptr;  // null: no child
+};
+
+// An asset's url: its owner's url and, when a word is given, "/" and the word. A wide word is
+// taken whole; a narrow one (the url words of child slots) is read as narrow text is.
+class AssetUrl {
+public:
+    AssetUrl(const char16_t* url) : base(url) {}
+    AssetUrl(std::u16string_view url) : base(url) {}
+    AssetUrl(const std::u16string& url) : base(url) {}
+    AssetUrl(std::u16string_view url, std::u16string_view word) : base(url), wideWord(word), form(Form::Wide) {}
+    AssetUrl(std::u16string_view url, std::string_view word) : base(url), narrowWord(word), form(Form::Narrow) {}
+
+    // Replaces `out` with the url, in the room `out` already has where it suffices.
+    void assignTo(std::u16string& out) const;
+
+private:
+    enum class Form { None, Wide, Narrow };
+    std::u16string_view base;
+    std::u16string_view wideWord;
+    std::string_view narrowWord;
+    Form form = Form::None;
+};
+
+// Entries are taken and given back last first, and a taken entry stays where it is until it is
+// given back, so a child may hold its url by reference while deeper assets take entries. Each
+// entry keeps the room of its text from one asset to the next: once the writer has been as deep
+// before, naming an asset or a child allocates nothing.
+class FrameStore {
+public:
+    struct Entry {
+        ChildSlot slot;
+        std::u16string url;
+    };
+
+    // The index of the first of `count` entries taken.
+    std::size_t take(std::size_t count);
+    // Gives back every entry from `first` on.
+    void giveBack(std::size_t first) { used = first < used ? first : used; }
+    Entry& operator[](std::size_t index) { return entries[index]; }
+
+private:
+    std::deque<Entry> entries;
+    std::size_t used = 0;
+};
+
+}  // namespace TalvexCore
