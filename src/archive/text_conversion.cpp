@@ -112,7 +112,10 @@ void appendNarrowAsWide(std::u16string& out, std::string_view narrow)
 {
     narrow = upToZero(narrow);
     if (isAscii(narrow)) {
-        out.append(narrow.begin(), narrow.end());
+        // Widened in place: appending the range would build a temporary string first.
+        const std::size_t start = out.size();
+        out.resize(start + narrow.size());
+        for (std::size_t i = 0; i < narrow.size(); ++i) out[start + i] = static_cast<unsigned char>(narrow[i]);
         return;
     }
     const std::size_t start = out.size();
