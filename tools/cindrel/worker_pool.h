@@ -16,7 +16,8 @@ namespace CindrelTool {
 // and the job, and sends back what the job wrote to standard output and standard error.
 //
 // That output reaches this process's own in the order of the jobs, whatever order they finish
-// in: the first unfinished job streams straight through, the others are held until their turn.
+// in: the first unfinished job streams straight through, the others' waits in their workers'
+// pipes, and what is read ahead of its turn is held here until then.
 // The result does not depend on the number of workers. A worker that dies takes only its file
 // with it: the file is reported as ended abnormally and a new worker goes on with the rest.
 class WorkerPool {
