@@ -1,5 +1,6 @@
 // A batch of a few hundred example files converted by the command with one worker process and with
-// one for each core: the speed-up, time with -j1 / time with -j N.
+// one for each core: the speed-up, time with -j1 / time with -j N. The two alternate round by round,
+// so that other work on the machine weighs on both alike; the spread is that of the rounds' ratios.
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,7 +18,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int copies = 12;  // of the example library: 300 files
-constexpr int rounds = 5;   // of each case; the best is taken
+constexpr int rounds = 9;   // of each case; the best time is taken
 
 // Runs the command with standard output and error discarded; its wall time in seconds.
 double timeCommand(const std::vector<std::string>& arguments)
@@ -39,14 +40,25 @@ double timeCommand(const std::vector<std::string>& arguments)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-double best(const std::vector<std::string>& arguments, const fs::path& output)
+struct Comparison {
+    double one = 1e30, many = 1e30;  // the best times
+    double lowest = 1e30, highest = 0;  // of the speed-up in one round
+};
+
+Comparison compare(const std::vector<std::string>& one, const std::vector<std::string>& many, const fs::path& output)
 {
-    double fastest = 1e30;
+    Comparison result;
     for (int i = 0; i < rounds; ++i) {
         fs::remove_all(output);
-        fastest = std::min(fastest, timeCommand(arguments));
+        const double a = timeCommand(one);
+        fs::remove_all(output);
+        const double b = timeCommand(many);
+        result.one = std::min(result.one, a);
+        result.many = std::min(result.many, b);
+        result.lowest = std::min(result.lowest, a / b);
+        result.highest = std::max(result.highest, a / b);
     }
-    return fastest;
+    return result;
 }
 
 }  // namespace
@@ -67,8 +79,10 @@ int main()
     const unsigned cores = std::max(1u, std::thread::hardware_concurrency());
     const std::string all = std::to_string(cores);
     std::printf("%zu files, %u cores, best of %d runs each\n\n", files, cores, rounds);
-    std::printf("%-44s %10s %10s %10s\n", "batch", "-j1", ("-j" + all).c_str(), "speed-up");
-    const std::string tool = CINDREL_TOOL_PATH;
+    std::printf("%-38s %9s %9s %9s %14s\n", "batch", "-j1", ("-j" + all).c_str(), "speed-up", "rounds");
+    // CINDREL_TOOL times another build of the command, e.g. one from before a change.
+    const char* other = std::getenv("CINDREL_TOOL");
+    const std::string tool = other ? other : CINDREL_TOOL_PATH;
     for (const bool toFolder : {true, false}) {
         std::vector<std::string> arguments{tool, "-q"};
         if (toFolder) arguments.insert(arguments.end(), {"-o", output.string()});
@@ -76,11 +90,12 @@ int main()
         auto with = [&](const std::string& jobs) {
             std::vector<std::string> a = arguments;
             a.insert(a.begin() + 1, {"-j", jobs});
-            return best(a, output);
+            return a;
         };
-        const double one = with("1"), many = with(all);
-        std::printf("%-44s %9.3fs %9.3fs %9.2fx\n",
-                    toFolder ? "into a folder (-o), each file synced" : "to standard output", one, many, one / many);
+        const Comparison c = compare(with("1"), with(all), output);
+        std::printf("%-38s %8.3fs %8.3fs %8.2fx %6.2f-%.2fx\n",
+                    toFolder ? "into a folder (-o), each file synced" : "to standard output", c.one, c.many,
+                    c.one / c.many, c.lowest, c.highest);
     }
     fs::remove_all(root);
     return 0;

@@ -40,24 +40,32 @@ class Batches(unittest.TestCase):
                 *good[6:], EXAMPLES / "sky_shared_sun.talmat", EXAMPLES / "sky_versions.talmat"]
 
     def test_output_does_not_depend_on_the_number_of_workers(self):
-        batch = self.mixed_batch()
-        results = {jobs: run("-j", jobs, *batch) for jobs in (1, 2, 8)}
-        for jobs in (2, 8):
-            self.assertEqual((results[jobs].returncode, results[jobs].stdout, results[jobs].stderr),
-                             (results[1].returncode, results[1].stdout, results[1].stderr), f"-j {jobs}")
-        self.assertEqual(results[1].returncode, 1)
-        # Each document is the file's own, as converted alone, after a line naming it; the errors
-        # come in the order of the files.
-        expected = b""
-        for path in batch:
-            if path.parent == EXAMPLES:
-                expected += header(path) + (GOLDEN / (path.name + ".xml")).read_bytes()
-            elif path.name == "text.talopt":
-                expected += header(path) + b"<talopt/>\n"
-        self.assertEqual(results[1].stdout, expected)
-        errors = [line for line in results[1].stderr.decode().splitlines() if "warning" not in line]
-        self.assertRegex(errors[0], r"cut\.talmat: damaged binary material file")
-        self.assertRegex(errors[1], r"missing\.talmat: No such file or directory")
+        # The long batch goes to the workers in runs of several files, failures among them: its
+        # output and messages are the short one's, ten times over.
+        short = self.mixed_batch()
+        for copies in (1, 10):
+            batch = short * copies
+            with self.subTest(files=len(batch)):
+                results = {jobs: run("-j", jobs, *batch) for jobs in (1, 2, 3, 8)}
+                for jobs in (2, 3, 8):
+                    self.assertEqual((results[jobs].returncode, results[jobs].stdout, results[jobs].stderr),
+                                     (results[1].returncode, results[1].stdout, results[1].stderr), f"-j {jobs}")
+                self.assertEqual(results[1].returncode, 1)
+                # Each document is the file's own, as converted alone, after a line naming it.
+                expected = b""
+                for path in short:
+                    if path.parent == EXAMPLES:
+                        expected += header(path) + (GOLDEN / (path.name + ".xml")).read_bytes()
+                    elif path.name == "text.talopt":
+                        expected += header(path) + b"<talopt/>\n"
+                self.assertEqual(results[1].stdout, expected * copies)
+                if copies == 1:
+                    once = results[1].stderr
+                    # The errors come in the order of the files.
+                    errors = [line for line in once.decode().splitlines() if "warning" not in line]
+                    self.assertRegex(errors[0], r"cut\.talmat: damaged binary material file")
+                    self.assertRegex(errors[1], r"missing\.talmat: No such file or directory")
+                self.assertEqual(results[1].stderr, once * copies)
 
     def test_output_folders_are_the_same_with_any_number_of_workers(self):
         batch = self.mixed_batch()

@@ -23,7 +23,11 @@ int runBatch(std::size_t count, unsigned jobs, bool progress,
     if (jobs == 0) jobs = std::max(1u, std::thread::hardware_concurrency());
     Progress shown(count, progress);
     bool failed = false;
-    WorkerPool pool(jobs);
+    WorkerPool pool(jobs, [&pathOf](std::size_t index) {
+        std::error_code unknown;
+        const std::uintmax_t size = std::filesystem::file_size(pathOf(index), unknown);
+        return unknown ? 0 : size;
+    });
     if (count > 0) shown.show(0, pathOf(0));
     const FreshModelState fresh;
     const bool started = pool.run(

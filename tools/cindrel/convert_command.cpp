@@ -9,12 +9,11 @@
 #include <memory>
 #include <new>
 
-#include "batch_runner.h"
+#include "batch_command.h"
 #include "file_conversion.h"
 #include "input_files.h"
 #include "output_file.h"
 #include "output_plan.h"
-#include "progress.h"
 #include "utf8_output.h"
 
 using TalvexCore::fileNameBytes;
@@ -181,32 +180,26 @@ int runConversion(const ConversionSettings& settings)
         };
         targets = planOutputs(TalvexCore::filePath(settings.outputDir), inputs, names, "converted", errors);
     }
-    for (const std::string& error : errors) std::fprintf(stderr, "cindrel: %s\n", error.c_str());
-
-    const std::vector<std::size_t> work = inputsToRun(inputs, targets, !settings.outputDir.empty());
     const bool headers = settings.outputDir.empty() && inputs.size() > 1;
-    const int status = runBatch(work.size(), settings.jobs, !settings.quiet && !settings.outputDir.empty(),
-                                [&](std::size_t k) { return inputs[work[k]].path; },
-                                [&](std::size_t k) {
-                                    Batch batch(settings, headers);
-                                    batch.convert(inputs[work[k]], targets[work[k]]);
-                                    return batch.finish();
-                                });
-    return errors.empty() ? status : exitFailure;
+    return runPlannedBatch(inputs, targets, !settings.outputDir.empty(), errors, settings.jobs,
+                           !settings.quiet && !settings.outputDir.empty(),
+                           [&](const InputFile& input, const fs::path& target) {
+                               Batch batch(settings, headers);
+                               batch.convert(input, target);
+                               return batch.finish();
+                           });
 }
 
 void addConversion(CLI::App& command, CommandRun& chosen)
 {
     auto settings = std::make_shared<ConversionSettings>();
-    command.add_option("FILE", settings->inputs, "a material or options file, or a folder: every such file in it")
-        ->type_name("");
-    command.add_option("-o,--output", settings->outputDir,
-                       "write DIR/NAME.xml for each file, one line each")
-        ->type_name("DIR");
-    command.add_flag("-q,--quiet", settings->quiet, "no progress and no notes, only errors");
-    command.add_flag("--pass-damaged", settings->passDamaged,
-                     "pass a damaged binary file through as text, as Python does");
-    addJobsOption(command, settings->jobs);
+    addBatchOptions(command, *settings,
+                    {"FILE", "a material or options file, or a folder: every such file in it",
+                     "write DIR/NAME.xml for each file, one line each", "no progress and no notes, only errors"},
+                    [&command, &settings] {
+                        command.add_flag("--pass-damaged", settings->passDamaged,
+                                         "pass a damaged binary file through as text, as Python does");
+                    });
     chosen = [settings] {
         if (settings->inputs.empty()) return usageError("no file or folder given");
         return runConversion(*settings);

@@ -2,19 +2,14 @@
 // into an output folder.
 #pragma once
 
-#include <string>
-#include <vector>
-
+#include "batch_command.h"
 #include "command_line.h"
 
 namespace CindrelTool {
 
-struct ConversionSettings {
-    std::vector<std::string> inputs;
-    std::string outputDir;  // empty: standard output
-    bool quiet = false;
+// Without an output folder, the documents go to standard output.
+struct ConversionSettings : BatchSettings {
     bool passDamaged = false;
-    unsigned jobs = 0;  // worker processes; 0 for one per core
 };
 
 // Adds the conversion's options and arguments to the command itself; it runs when no subcommand

@@ -12,7 +12,7 @@
 
 #include "archive/file_path.h"
 #include "archive/text_conversion.h"
-#include "batch_runner.h"
+#include "batch_command.h"
 #include "file_conversion.h"
 #include "input_files.h"
 #include "materials/tal_mat_file.h"
@@ -133,7 +133,7 @@ private:
 int runUpgrade(const UpgradeSettings& settings)
 {
     if (settings.inPlace && !settings.outputDir.empty()) return usageError("upgrade: --in-place and -o exclude each other");
-    std::vector<std::string> paths = settings.paths;
+    std::vector<std::string> paths = settings.inputs;
     fs::path outputDir = TalvexCore::filePath(settings.outputDir);
     fs::path singleTarget;
     if (!settings.inPlace && outputDir.empty()) {
@@ -156,13 +156,8 @@ int runUpgrade(const UpgradeSettings& settings)
         const auto names = [](const InputFile& input) { return std::vector<std::string>{fileNameBytes(input.path.filename())}; };
         targets = planOutputs(outputDir, inputs, names, "upgraded", errors);
     }
-    for (const std::string& error : errors) std::fprintf(stderr, "cindrel: %s\n", error.c_str());
-
-    const std::vector<std::size_t> work = inputsToRun(inputs, targets, true);
-    const int status = runBatch(work.size(), settings.jobs, !settings.quiet,
-                                [&](std::size_t k) { return inputs[work[k]].path; },
-                                [&](std::size_t k) { return Upgrade(settings).run(inputs[work[k]], targets[work[k]]); });
-    return errors.empty() ? status : exitFailure;
+    return runPlannedBatch(inputs, targets, true, errors, settings.jobs, !settings.quiet,
+                           [&](const InputFile& input, const fs::path& target) { return Upgrade(settings).run(input, target); });
 }
 
 void addUpgradeCommand(CLI::App& command, CommandRun& chosen)
@@ -181,14 +176,13 @@ void addUpgradeCommand(CLI::App& command, CommandRun& chosen)
         "appears whole or not at all. Exit status: 0 when every file was upgraded, 1 when any failed,\n"
         "2 for a usage error.");
     auto settings = std::make_shared<UpgradeSettings>();
-    upgrade->add_option("IN", settings->paths, "material or options files, or folders: every such file below them")
-        ->type_name("")
+    addBatchOptions(*upgrade, *settings,
+                    {"IN", "material or options files, or folders: every such file below them",
+                     "write DIR/NAME for each file", "no progress on standard error"},
+                    [upgrade, &settings] {
+                        upgrade->add_flag("--in-place", settings->inPlace, "replace each file by its upgrade");
+                    })
         ->required();
-    upgrade->add_option("-o,--output", settings->outputDir, "write DIR/NAME for each file")
-        ->type_name("DIR");
-    upgrade->add_flag("--in-place", settings->inPlace, "replace each file by its upgrade");
-    upgrade->add_flag("-q,--quiet", settings->quiet, "no progress on standard error");
-    addJobsOption(*upgrade, settings->jobs);
     upgrade->callback([settings, &chosen] { chosen = [settings] { return runUpgrade(*settings); }; });
 }
 

@@ -55,6 +55,12 @@ constexpr uint32_t standardOutput = 1;
 constexpr uint32_t standardError = 2;
 constexpr uint32_t jobEnd = 0;
 
+// What a worker is given to do: `count` consecutive jobs from `first`.
+struct Run {
+    uint64_t first;
+    uint64_t count;
+};
+
 bool writeAll(int fd, const void* data, std::size_t size, int* failure = nullptr)
 {
     const char* bytes = static_cast<const char*>(data);
@@ -84,9 +90,42 @@ bool readAll(int fd, void* data, std::size_t size)
     return true;
 }
 
-// In a worker, stdout and stderr become streams that send what is written as frames.
-struct FrameStream {
+// A worker's frames wait here and go out in one write at the end of each job, or sooner once they
+// fill a pipe's worth: a small file costs one write, and a file that ends its worker has sent all
+// the files before it.
+struct Outbox {
     int fd;
+    std::string frames;
+
+    bool add(uint32_t kind, const char* data, uint32_t size)
+    {
+        header({kind, size});
+        frames.append(data, size);
+        return frames.size() < (1 << 16) || send();
+    }
+
+    bool endJob(int status)
+    {
+        header({jobEnd, static_cast<uint32_t>(status)});
+        return send();
+    }
+
+    void header(const FrameHeader& header)
+    {
+        frames.append(reinterpret_cast<const char*>(&header), sizeof header);
+    }
+
+    bool send()
+    {
+        const bool sent = writeAll(fd, frames.data(), frames.size());
+        frames.clear();
+        return sent;
+    }
+};
+
+// In a worker, stdout and stderr become streams that put what is written into the outbox as frames.
+struct FrameStream {
+    Outbox* outbox;
     uint32_t kind;
 };
 
@@ -94,11 +133,7 @@ ssize_t sendFrame(void* cookie, const char* data, std::size_t size)
 {
     const auto* stream = static_cast<FrameStream*>(cookie);
     const std::size_t sent = std::min<std::size_t>(size, UINT32_MAX);
-    std::string frame(sizeof(FrameHeader) + sent, '\0');
-    const FrameHeader header{stream->kind, static_cast<uint32_t>(sent)};
-    std::memcpy(frame.data(), &header, sizeof header);
-    std::memcpy(frame.data() + sizeof header, data, sent);
-    return writeAll(stream->fd, frame.data(), frame.size()) ? static_cast<ssize_t>(sent) : -1;
+    return stream->outbox->add(stream->kind, data, static_cast<uint32_t>(sent)) ? static_cast<ssize_t>(sent) : -1;
 }
 
 std::FILE* openFrameStream(FrameStream& stream)
@@ -110,25 +145,27 @@ std::FILE* openFrameStream(FrameStream& stream)
 
 [[noreturn]] void serve(int tasks, int results, const WorkerPool::Job& job, const std::function<void()>& beforeEach)
 {
-    FrameStream out{results, standardOutput}, err{results, standardError};
+    Outbox outbox{results, {}};
+    FrameStream out{&outbox, standardOutput}, err{&outbox, standardError};
     std::FILE* framedOut = openFrameStream(out);
     std::FILE* framedErr = openFrameStream(err);
     if (!framedOut || !framedErr) ::_exit(70);
     ::signal(SIGPIPE, SIG_DFL);
     stdout = framedOut;
     stderr = framedErr;
-    uint64_t index = 0;
-    while (readAll(tasks, &index, sizeof index)) {
-        beforeEach();
-        int status = 1;
-        try {
-            status = job(static_cast<std::size_t>(index));
-        } catch (...) {
+    Run run;
+    while (readAll(tasks, &run, sizeof run)) {
+        for (uint64_t index = run.first; index < run.first + run.count; ++index) {
+            beforeEach();
+            int status = 1;
+            try {
+                status = job(static_cast<std::size_t>(index));
+            } catch (...) {
+            }
+            std::fflush(framedOut);
+            std::fflush(framedErr);
+            if (!outbox.endJob(status)) ::_exit(0);
         }
-        std::fflush(framedOut);
-        std::fflush(framedErr);
-        const FrameHeader end{jobEnd, static_cast<uint32_t>(status)};
-        if (!writeAll(results, &end, sizeof end)) break;
     }
     ::_exit(0);
 }
@@ -141,15 +178,28 @@ std::string describeEnd(int status)
     return "ended before the file's end";
 }
 
-// Jobs sent to a worker ahead of the one it is on, so that it never waits for the next.
-constexpr std::size_t jobsQueuedPerWorker = 2;
+// Runs sent to a worker: the one it is on and the next, so that it never waits.
+constexpr std::size_t runsQueuedPerWorker = 2;
+// A run holds consecutive files up to this many bytes of input (a larger file is a run alone) and
+// this many files: a small file costs less to convert than a round trip through the pipes.
+constexpr std::uintmax_t runBytes = 1 << 16;
+constexpr std::size_t runFiles = 64;
+// What this process reads from a worker's results at a time: a pipe's worth.
+constexpr std::size_t readBytes = 1 << 16;
+constexpr std::size_t pipeBytes = 1 << 20;
 
 struct Worker {
     pid_t pid = -1;
-    int tasks = -1;    // write end: the indices of its jobs
+    int tasks = -1;    // write end: its runs
     int results = -1;  // read end: its frames
     std::deque<std::size_t> jobs;  // sent to it, the first under way
-    std::string unread;  // bytes of a frame not yet whole
+    std::deque<std::size_t> runEnds;  // the last job of each run sent to it and not yet ended
+    // Where its frames stand: the bytes of a header not yet whole, or the output still to come of
+    // the frame under way and its stream.
+    char header[sizeof(FrameHeader)];
+    std::size_t headerBytes = 0;
+    std::size_t frameLeft = 0;
+    int frameStream = 0;
 };
 
 // A job begun and not yet passed on: its output held for its turn, and how it ended.
@@ -168,6 +218,13 @@ public:
     {
     }
 
+    // The bytes of input of each job, summed: bytesBefore[i] for jobs 0 .. i-1.
+    void weigh(std::size_t count, const WorkerPool::JobSize& sizeOf)
+    {
+        bytesBefore.assign(count + 1, 0);
+        for (std::size_t i = 0; i < count; ++i) bytesBefore[i + 1] = bytesBefore[i] + sizeOf(i);
+    }
+
     ~Pool()
     {
         for (Worker& worker : workers) stop(worker);
@@ -176,21 +233,13 @@ public:
     bool run(std::size_t count, const WorkerPool::Ended& ended, const std::function<void()>& beforeOutput)
     {
         this->beforeOutput = &beforeOutput;
+        this->ended = &ended;
+        this->count = count;
         while (head < count) {
             while (workers.size() < size && next < count && start()) {}
             if (workers.empty()) return false;
             for (Worker& worker : workers)
-                while (worker.jobs.size() < jobsQueuedPerWorker && hasWork(count)) assign(worker, takeWork());
-
-            Pending& first = pending[head];
-            for (int stream = 0; stream < 2; ++stream) pass(stream, first.held[stream].data(), first.held[stream].size());
-            first.held[0].clear();
-            first.held[1].clear();
-            if (first.done) {
-                ended(head, first.status, first.abnormalEnd);
-                pending.erase(head++);
-                continue;
-            }
+                while (worker.runEnds.size() < runsQueuedPerWorker && hasWork()) assign(worker, takeRun());
             if (!wait()) return false;
         }
         return true;
@@ -226,6 +275,8 @@ private:
         }
         ::close(tasks[0]);
         ::close(results[1]);
+        // A worker goes on to its next files while its output waits in the pipe, up to this much.
+        ::fcntl(results[0], F_SETPIPE_SZ, static_cast<int>(pipeBytes));
         Worker worker;
         worker.pid = pid;
         worker.tasks = tasks[1];
@@ -242,26 +293,40 @@ private:
 
     // A job to begin: one given back by a worker that died before it, else the next, within the
     // window ahead of the first job not yet passed on.
-    bool hasWork(std::size_t count) const
+    bool hasWork() const
     {
-        return !givenBack.empty() || (next < count && next < head + size * jobsAheadPerWorker);
+        if (!givenBack.empty()) return true;
+        return next < count && (next < head + size * jobsAheadPerWorker ||
+                                bytesBefore[next] - bytesBefore[head] < size * bytesAheadPerWorker);
     }
 
-    std::size_t takeWork()
+    // The jobs to send together: one given back alone, else consecutive ones from the next. Near
+    // the batch's end runs shrink, so that every worker has its share to the last.
+    Run takeRun()
     {
-        if (givenBack.empty()) return next++;
-        const std::size_t index = givenBack.front();
-        givenBack.pop_front();
-        return index;
+        if (!givenBack.empty()) {
+            const std::size_t index = givenBack.front();
+            givenBack.pop_front();
+            return {index, 1};
+        }
+        const std::size_t share = std::max<std::size_t>(1, (count - next) / (size * runsQueuedPerWorker));
+        const std::size_t most = std::min({runFiles, share, count - next});
+        std::size_t length = 1;
+        while (length < most && bytesBefore[next + length + 1] - bytesBefore[next] <= runBytes) ++length;
+        const Run run{next, length};
+        next += length;
+        return run;
     }
 
-    void assign(Worker& worker, std::size_t index)
+    void assign(Worker& worker, const Run& run)
     {
-        const uint64_t sent = index;
-        pending[index];
-        worker.jobs.push_back(index);
-        // A worker that cannot take it has died: its end, read from its results, reports the job.
-        writeAll(worker.tasks, &sent, sizeof sent);
+        for (std::size_t index = run.first; index < run.first + run.count; ++index) {
+            pending[index];
+            worker.jobs.push_back(index);
+        }
+        worker.runEnds.push_back(run.first + run.count - 1);
+        // A worker that cannot take it has died: its end, read from its results, reports the jobs.
+        writeAll(worker.tasks, &run, sizeof run);
     }
 
     void pass(int stream, const char* data, std::size_t size)
@@ -280,44 +345,77 @@ private:
         else pending[index].held[stream].append(data, size);
     }
 
-    // Takes the whole frames at the front of what a worker sent.
-    void takeFrames(Worker& worker)
+    // Takes what a worker sent: output is passed on or held as it comes, a frame's bytes need not
+    // have come whole.
+    void take(Worker& worker, const char* data, std::size_t size)
     {
-        std::size_t at = 0;
-        while (worker.unread.size() - at >= sizeof(FrameHeader)) {
-            FrameHeader header;
-            std::memcpy(&header, worker.unread.data() + at, sizeof header);
-            if (header.kind == jobEnd) {
-                Pending& job = pending[worker.jobs.front()];
-                job.done = true;
-                job.status = static_cast<int>(header.value);
-                worker.jobs.pop_front();
-                at += sizeof header;
+        while (size > 0) {
+            if (worker.frameLeft > 0) {
+                const std::size_t part = std::min(size, worker.frameLeft);
+                deliver(worker.jobs.front(), worker.frameStream, data, part);
+                worker.frameLeft -= part;
+                data += part;
+                size -= part;
                 continue;
             }
-            if (worker.unread.size() - at - sizeof header < header.value) break;
-            deliver(worker.jobs.front(), header.kind == standardOutput ? 0 : 1, worker.unread.data() + at + sizeof header,
-                    header.value);
-            at += sizeof header + header.value;
+            const std::size_t part = std::min(size, sizeof(FrameHeader) - worker.headerBytes);
+            std::memcpy(worker.header + worker.headerBytes, data, part);
+            worker.headerBytes += part;
+            data += part;
+            size -= part;
+            if (worker.headerBytes < sizeof(FrameHeader)) return;
+            worker.headerBytes = 0;
+            FrameHeader header;
+            std::memcpy(&header, worker.header, sizeof header);
+            if (header.kind != jobEnd) {
+                worker.frameLeft = header.value;
+                worker.frameStream = header.kind == standardOutput ? 0 : 1;
+                continue;
+            }
+            Pending& job = pending[worker.jobs.front()];
+            job.done = true;
+            job.status = static_cast<int>(header.value);
+            if (!worker.runEnds.empty() && worker.runEnds.front() == worker.jobs.front()) worker.runEnds.pop_front();
+            worker.jobs.pop_front();
+            // The rest of what was read may be the next job's: it goes straight on when that job
+            // is first.
+            advance();
         }
-        worker.unread.erase(0, at);
     }
 
-    // Waits for what any worker sends and takes it; false when that fails.
+    // Passes on the output held for the first job not yet passed on, and while that job has
+    // ended, reports it and goes on to the next.
+    void advance()
+    {
+        while (head < count) {
+            Pending& first = pending[head];
+            for (int stream = 0; stream < 2; ++stream) pass(stream, first.held[stream].data(), first.held[stream].size());
+            first.held[0].clear();
+            first.held[1].clear();
+            if (!first.done) return;
+            (*ended)(head, first.status, first.abnormalEnd);
+            pending.erase(head++);
+        }
+    }
+
+    // Waits for what the worker of the first job not yet passed on sends, and takes it; false when
+    // that fails. The others' output waits in their pipes, so that it reaches this process when
+    // it can go straight on, and a worker far ahead waits until its output is wanted.
     bool wait()
     {
+        // A job given back and not yet sent again has no worker yet: then any worker's is taken.
+        const bool sent = std::any_of(workers.begin(), workers.end(), [this](const Worker& w) { return owns(w, head); });
         std::vector<pollfd> polled;
-        for (const Worker& worker : workers) polled.push_back({worker.results, POLLIN, 0});
+        for (const Worker& worker : workers)
+            polled.push_back({worker.results, static_cast<short>(!sent || owns(worker, head) ? POLLIN : 0), 0});
         if (::poll(polled.data(), polled.size(), -1) < 0) return errno == EINTR || failStart();
-        char buffer[1 << 16];
         for (std::size_t i = polled.size(); i-- > 0;) {
             if (polled[i].revents == 0) continue;
             Worker& worker = workers[i];
-            const ssize_t got = ::read(worker.results, buffer, sizeof buffer);
+            const ssize_t got = ::read(worker.results, buffer.data(), buffer.size());
             if (got < 0 && errno == EINTR) continue;
             if (got > 0) {
-                worker.unread.append(buffer, static_cast<std::size_t>(got));
-                takeFrames(worker);
+                take(worker, buffer.data(), static_cast<std::size_t>(got));
                 continue;
             }
             const int status = stop(worker);
@@ -332,8 +430,14 @@ private:
                 std::sort(givenBack.begin(), givenBack.end());
             }
             workers.erase(workers.begin() + static_cast<std::ptrdiff_t>(i));
+            advance();
         }
         return true;
+    }
+
+    static bool owns(const Worker& worker, std::size_t index)
+    {
+        return std::find(worker.jobs.begin(), worker.jobs.end(), index) != worker.jobs.end();
     }
 
     // Closes a worker's pipes and waits for it; its wait status.
@@ -354,11 +458,15 @@ private:
     int& startFailure;
     int& writeFailure;
     const std::function<void()>* beforeOutput = nullptr;
+    const WorkerPool::Ended* ended = nullptr;
+    std::size_t count = 0;
     std::vector<Worker> workers;
     std::map<std::size_t, Pending> pending;
     std::size_t head = 0;  // the first job not yet passed on
     std::size_t next = 0;  // the first job not yet begun
     std::deque<std::size_t> givenBack;
+    std::vector<std::uintmax_t> bytesBefore;
+    std::vector<char> buffer = std::vector<char>(readBytes);
 };
 
 }  // namespace
@@ -369,6 +477,7 @@ bool WorkerPool::run(std::size_t count, const Job& job, const std::function<void
     // A worker that dies must not take this process with it when its next file is sent.
     const auto pipeHandler = ::signal(SIGPIPE, SIG_IGN);
     Pool pool(workers, job, beforeEach, startFailure, writeFailure);
+    pool.weigh(count, sizeOf);
     const bool ran = pool.run(count, ended, beforeOutput);
     ::signal(SIGPIPE, pipeHandler);
     return ran;

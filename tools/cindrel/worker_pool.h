@@ -2,19 +2,22 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace CindrelTool {
 
 // Conversions take one lock around the model's process-wide state (the scene's materials, the
 // document's sun) from load to the last line of the document, so threads would only wait on each
-// other. The pool forks worker processes instead; each takes files one by one from this process,
-// runs `beforeEach` (which puts the process-wide state back as it was) and the job, and sends back
-// what the job wrote to standard output and standard error.
+// other. The pool forks worker processes instead; each takes runs of consecutive files from this
+// process and for each file runs `beforeEach` (which puts the process-wide state back as it was)
+// and the job, and sends back what the job wrote to standard output and standard error.
 //
 // That output reaches this process's own in the order of the jobs, whatever order they finish
-// in: the first unfinished job streams straight through, the others are held until their turn.
+// in: the first unfinished job streams straight through, the others' waits in their workers'
+// pipes, and what is read ahead of its turn is held here until then.
 // The result does not depend on the number of workers. A worker that dies takes only its file
 // with it: the file is reported as ended abnormally and a new worker goes on with the rest.
 class WorkerPool {
@@ -25,7 +28,10 @@ public:
     // -1 and how its worker ended when it died under it.
     using Ended = std::function<void(std::size_t index, int status, const std::string& abnormalEnd)>;
 
-    explicit WorkerPool(unsigned workers) : workers(workers == 0 ? 1 : workers) {}
+    // The bytes of a job's input: small files go to a worker several at a time.
+    using JobSize = std::function<std::uintmax_t(std::size_t index)>;
+
+    WorkerPool(unsigned workers, JobSize sizeOf) : workers(workers == 0 ? 1 : workers), sizeOf(std::move(sizeOf)) {}
 
     // Runs jobs 0 .. count-1. `beforeOutput` runs here before anything of a job's is written (to
     // clear a progress line). False, with the system's error number in startError(), when no
@@ -39,12 +45,14 @@ public:
 
 private:
     unsigned workers;
+    JobSize sizeOf;
     int startFailure = 0;
     int writeFailure = 0;
 };
 
-// Up to this many jobs ahead of the first unfinished one are begun for each worker, so that the
-// output held back for its turn stays bounded.
+// Jobs ahead of the first unfinished one are begun for each worker up to this many, or up to this
+// many bytes of input, so that the output held back for its turn stays bounded.
 inline constexpr std::size_t jobsAheadPerWorker = 4;
+inline constexpr std::uintmax_t bytesAheadPerWorker = 1 << 18;
 
 }  // namespace CindrelTool
