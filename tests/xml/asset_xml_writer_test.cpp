@@ -256,3 +256,45 @@ TEST(AssetFrame, ChildrenFirstThenTheAssetWithItsChildParameters)
   </Asset>
 )");
 }
+
+namespace {
+
+// A chain of assets, each the child of the one before, each naming its child after writing it.
+class Nest : public TalvexXMLSerializable {
+public:
+    std::shared_ptr<Nest> inner;
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override
+    {
+        const AssetFrame frame(writer, *this, AssetUrl(url, u"n"), "", {{"inner", "w", inner}});
+        frame.writeChildParameters();
+        frame.close();
+    }
+    const std::u16string& pluginType() const override { return typeName<u"TexNest">(); }
+    const std::u16string& assetType() const override { return typeName<u"texture">(); }
+};
+
+}  // namespace
+
+// The writer keeps the urls of the frames it has open; frames opened deeper than ever before,
+// while outer ones hold their children's urls, must leave those urls as they were.
+TEST(AssetFrame, OuterUrlsStayWhileDeeperFramesAreWritten)
+{
+    std::string text;
+    AssetXmlWriter writer(text);
+    for (const int depth : {2, 40}) {
+        text.clear();
+        auto outer = std::make_shared<Nest>();
+        for (int i = 1; i < depth; ++i) {
+            auto next = std::make_shared<Nest>();
+            next->inner = outer;
+            outer = next;
+        }
+        outer->writeXml(writer, u"");
+        std::string url;
+        for (int level = 1; level < depth; ++level) {
+            url += "/n/w";
+            const std::string value = "<value>" + url + "/TexNest</value>";
+            EXPECT_NE(text.find(value), std::string::npos) << "depth " << depth << ", level " << level;
+        }
+    }
+}
