@@ -126,7 +126,7 @@ double bestSeconds(int rounds, Run run)
 bool reportConversionIntoPieces(const fs::path& input, const std::string& xml)
 {
     PieceSink sink;
-    const double convert = bestSeconds(3, [&] { convertIntoPieces(input, sink); });
+    const double convert = bestSeconds(7, [&] { convertIntoPieces(input, sink); });
     const double move = bestSeconds(20, [&] {
         std::string text;
         for (std::size_t done = 0; done < xml.size(); done += 1u << 16) {
@@ -135,7 +135,7 @@ bool reportConversionIntoPieces(const fs::path& input, const std::string& xml)
         }
         sink.take(text, true);
     });
-    const double load = bestSeconds(3, [&] {
+    const double load = bestSeconds(7, [&] {
         TalMatFile file;
         file.load(input.u16string());
     });
