@@ -97,8 +97,7 @@ RegularFile::RegularFile(const std::string& fileName)
         ::close(fd);
         return;
     }
-    const int flags = ::fcntl(fd, F_GETFL);
-    if (flags >= 0) ::fcntl(fd, F_SETFL, flags & ~O_NONBLOCK);
+    // O_NONBLOCK stays: it changes nothing in the reading of a regular file.
     buffer = std::make_unique<__gnu_cxx::stdio_filebuf<char>>(fd, std::ios::in | std::ios::binary);
     in.rdbuf(buffer.get());
 }

@@ -35,6 +35,7 @@ PyObject* runCommand(const char* command, PyObject* args, PyObject* keywords,
         PyThreadState* released = PyEval_SaveThread();
         try {
             std::string text;
+            text.reserve(std::size_t(64) << 10);  // most documents whole, with no growing on the way
             conversion(path, text, [&result, &released](std::string& t) { result->take(t, false, released); });
             result->take(text, true, released);
         } catch (...) {
