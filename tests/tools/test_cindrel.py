@@ -5,13 +5,6 @@ from command_fixture import EXAMPLES, InTemporaryFolder, golden, header, run
 
 
 class Command(InTemporaryFolder):
-    def test_a_file_goes_to_standard_output_as_its_golden_document(self):
-        for name in ["wood_floor.talmat", "studio_settings.talopt", "options_v14.talopt"]:
-            with self.subTest(name=name):
-                result = run(EXAMPLES / name)
-                self.assertEqual((result.returncode, result.stderr), (0, b""))
-                self.assertEqual(result.stdout, golden(name))
-
     def test_a_folder_converts_into_an_output_tree_with_one_line_per_file(self):
         for name in ["wood_floor.talmat", "hand_written.talmat"]:
             self.copy(name, "in/sub/" + name)
