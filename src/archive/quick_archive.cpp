@@ -296,10 +296,13 @@ bool QuickArchive::readFromStream(std::istream& in)
     in.read(reinterpret_cast<char*>(&count), sizeof count);
     // Blocks behind the end of the stream are left as zeros that take no memory.
     for (uint64_t i = 0; i < count && in.good(); ++i) {
-        auto block = newBlock();
+        // Filled from the stream rather than zeroed first; only a short last block's rest is zeroed.
+        auto block = std::make_shared_for_overwrite<Block>();
         in.read(reinterpret_cast<char*>(block->data()), BlockSize);
-        if (in.gcount() == 0) break;
-        receivedBytes += static_cast<uint64_t>(in.gcount());
+        const auto got = static_cast<std::size_t>(in.gcount());
+        if (got == 0) break;
+        std::fill(block->begin() + static_cast<std::ptrdiff_t>(got), block->end(), uint8_t{0});
+        receivedBytes += got;
         blocks.push_back(std::move(block));
     }
     logicalBlocks = count;

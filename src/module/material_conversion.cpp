@@ -19,7 +19,7 @@ ConversionOutcome writeMaterialFileXml(const std::u16string& path, std::string& 
     }
     if (!loaded) return appendPlainText(path, text, sink, notes);
 
-    AssetXmlWriter writer(text, loneSurrogates);
+    AssetXmlWriter writer(text, loneSurrogates, AssetXmlWriter::Delivery::AtFlush);
     writer.setFlushSink(sink);
     writer.openRoot(materialRootTag);
     for (std::size_t i = 0; i < file.materialCount(); ++i) {

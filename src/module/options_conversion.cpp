@@ -14,7 +14,7 @@ ConversionOutcome writeOptionsFileXml(const std::u16string& path, std::string& t
     TalOptFile file;
     if (!file.load(options, path)) return appendPlainText(path, text, sink);
 
-    AssetXmlWriter writer(text, loneSurrogates);
+    AssetXmlWriter writer(text, loneSurrogates, AssetXmlWriter::Delivery::AtFlush);
     writer.setFlushSink(sink);
     writer.openRoot(optionsRootTag);
     options.writeXml(writer, u"");

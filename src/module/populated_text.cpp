@@ -14,6 +14,9 @@ namespace {
 
 constexpr std::size_t step = std::size_t(4) << 20;          // mapped ahead at a time
 constexpr std::size_t firstReserve = std::size_t(1) << 30;  // address space only, no memory
+// Up to this size the text stays a plain string: mapping a whole step ahead would cost a small
+// document far more than its bytes.
+constexpr std::size_t smallText = std::size_t(1) << 20;
 
 }  // namespace
 
@@ -26,9 +29,20 @@ PopulatedText::~PopulatedText()
 
 void PopulatedText::append(std::string_view bytes)
 {
-    if (plain) {
+    if (plain || (base == nullptr && fallback.size() + bytes.size() <= smallText)) {
         fallback.append(bytes);
         return;
+    }
+    if (base == nullptr) {
+        // The text outgrows a plain string: what it holds so far moves into the mapped region.
+        grow(fallback.size() + bytes.size());
+        if (plain) {
+            fallback.append(bytes);
+            return;
+        }
+        std::memcpy(base, fallback.data(), fallback.size());
+        used = fallback.size();
+        std::string().swap(fallback);
     }
     if (used + bytes.size() > populated) grow(used + bytes.size());
     if (plain) {
@@ -41,7 +55,7 @@ void PopulatedText::append(std::string_view bytes)
 
 std::string_view PopulatedText::view() const
 {
-    return plain ? std::string_view(fallback) : std::string_view(base, used);
+    return plain || base == nullptr ? std::string_view(fallback) : std::string_view(base, used);
 }
 
 void PopulatedText::grow(std::size_t needed)
@@ -54,8 +68,10 @@ void PopulatedText::grow(std::size_t needed)
         void* region = mmap(nullptr, wanted, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
         if (region == MAP_FAILED) {
             plain = true;
-            fallback.assign(base == nullptr ? "" : base, used);
-            if (base != nullptr) munmap(base, reserved);
+            if (base != nullptr) {
+                fallback.assign(base, used);
+                munmap(base, reserved);
+            }
             base = nullptr;
             return;
         }

@@ -28,7 +28,7 @@ private:
     std::size_t reserved = 0;
     std::size_t populated = 0;
     std::size_t used = 0;
-    std::string fallback;        // where the region cannot be had
+    std::string fallback;        // a small text, or any text where the region cannot be had
     bool plain = false;
 };
 

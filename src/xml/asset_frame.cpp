@@ -9,6 +9,7 @@ void AssetFrame::setChild(std::size_t index, const ChildSlot& slot)
     FrameStore& store = writer.frames();
     FrameStore::Entry& child = store[first + 1 + index];
     child.slot = slot;
+    if (!slot.child) return;  // its parameter names nothing, so it needs no url
     if (slot.urlWord) AssetUrl(store[first].url, slot.urlWord).assignTo(child.url);
     else AssetUrl(store[first].url).assignTo(child.url);
 }

@@ -50,7 +50,7 @@ public:
     void close() const;
 
 private:
-    // Every slot has its url, present or not: an empty child's parameter still names nothing there.
+    // A present child's url is made here; an empty child's parameter names nothing, so it gets none.
     void setChild(std::size_t index, const ChildSlot& slot);
     void open(const TalvexXMLSerializable& self, XmlText layout);
 

@@ -3,10 +3,14 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include "archive/text_conversion.h"
 #include "records/transform_components.h"
 #include "xml/number_text.h"
+#include "xml/parameter_heads.h"
 
 namespace TalvexCore {
 
@@ -108,6 +112,45 @@ char* encodeWide(const char16_t*& in, const char16_t* end, const char16_t* pairE
                  LoneSurrogates loneSurrogates)
 {
     while (in < end) {
+#if defined(__SSE2__)
+        // Eight ASCII units at a time, as long as none of them ends the text or is to be escaped.
+        while (end - in >= 8) {
+            const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in));
+            const __m128i high = _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xFF80)));
+            if (_mm_movemask_epi8(_mm_cmpeq_epi16(high, _mm_setzero_si128())) != 0xFFFF) break;
+            const __m128i bytes = _mm_packus_epi16(units, units);
+            __m128i stops = _mm_setzero_si128();
+            if constexpr (upToZero) stops = _mm_cmpeq_epi8(bytes, _mm_setzero_si128());
+            if constexpr (escapable)
+                stops = _mm_or_si128(stops, _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('&')),
+                                                         _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('<')),
+                                                                      _mm_cmpeq_epi8(bytes, _mm_set1_epi8('>')))));
+            if ((_mm_movemask_epi8(stops) & 0xFF) != 0) break;
+            _mm_storel_epi64(reinterpret_cast<__m128i*>(out), bytes);
+            out += 8;
+            in += 8;
+        }
+#endif
+        // Four at a time, the same way.
+        while (end - in >= 4) {
+            uint64_t units;
+            std::memcpy(&units, in, 8);
+            if (units & 0xFF80FF80FF80FF80ull) break;
+            const auto bytes = static_cast<uint32_t>((units & 0x7F) | ((units >> 8) & 0x7F00) |
+                                                     ((units >> 16) & 0x7F0000) | ((units >> 24) & 0x7F000000));
+            const auto hasByte = [bytes](uint32_t repeated) {
+                const uint32_t x = bytes ^ repeated;
+                return ((x - 0x01010101u) & ~x & 0x80808080u) != 0;
+            };
+            if constexpr (upToZero)
+                if (hasByte(0)) break;
+            if constexpr (escapable)
+                if (hasByte(0x26262626u) || hasByte(0x3C3C3C3Cu) || hasByte(0x3E3E3E3Eu)) break;
+            std::memcpy(out, &bytes, 4);
+            out += 4;
+            in += 4;
+        }
+        if (in == end) break;
         const char16_t c = *in;
         if (c < 0x80) {
             if constexpr (upToZero)
@@ -141,8 +184,8 @@ char* encodeWide(const char16_t*& in, const char16_t* end, const char16_t* pairE
 
 AssetXmlWriter::AssetXmlWriter(std::u16string& stream) : wideOut(&stream), loneSurrogates(LoneSurrogates::Kept) {}
 
-AssetXmlWriter::AssetXmlWriter(std::string& utf8Stream, LoneSurrogates loneSurrogates)
-    : utf8Out(&utf8Stream), loneSurrogates(loneSurrogates)
+AssetXmlWriter::AssetXmlWriter(std::string& utf8Stream, LoneSurrogates loneSurrogates, Delivery delivery)
+    : utf8Out(&utf8Stream), loneSurrogates(loneSurrogates), delivery(delivery)
 {
 }
 
@@ -161,6 +204,11 @@ void AssetXmlWriter::spill()
     staged = 0;
 }
 
+inline void AssetXmlWriter::endOperation()
+{
+    if (delivery == Delivery::EachOperation) spill();
+}
+
 // Text longer than the stage goes to the stream as it stands, behind what was gathered.
 void AssetXmlWriter::spillLarge(std::string_view utf8)
 {
@@ -169,13 +217,13 @@ void AssetXmlWriter::spillLarge(std::string_view utf8)
     else appendStagedAsWide(*wideOut, utf8);
 }
 
-inline char* AssetXmlWriter::room(std::size_t n)
+[[gnu::always_inline]] inline char* AssetXmlWriter::room(std::size_t n)
 {
     if (staged + n > stageSize) [[unlikely]] spill();
     return stage + staged;
 }
 
-inline void AssetXmlWriter::put(std::string_view ascii)
+[[gnu::always_inline]] inline void AssetXmlWriter::put(std::string_view ascii)
 {
     if (ascii.size() > stageSize / 2) [[unlikely]] {
         spillLarge(ascii);
@@ -185,7 +233,7 @@ inline void AssetXmlWriter::put(std::string_view ascii)
     staged += ascii.size();
 }
 
-inline void AssetXmlWriter::putChar(char ascii)
+[[gnu::always_inline]] inline void AssetXmlWriter::putChar(char ascii)
 {
     *room(1) = ascii;
     ++staged;
@@ -234,18 +282,18 @@ void AssetXmlWriter::putText(const XmlText& text)
         encodeWide<true, false>(in, in + wide.size(), in + wide.size(), start, loneSurrogates) - start);
 }
 
-void AssetXmlWriter::putFloat(float value)
+[[gnu::always_inline]] inline void AssetXmlWriter::putFloat(float value)
 {
     staged += formatFloat(room(floatTextSize), value);
 }
 
-void AssetXmlWriter::putInt(int32_t value)
+[[gnu::always_inline]] inline void AssetXmlWriter::putInt(int32_t value)
 {
     char* const start = room(16);
     staged += static_cast<std::size_t>(std::to_chars(start, start + 16, value).ptr - start);
 }
 
-void AssetXmlWriter::indent()
+[[gnu::always_inline]] inline void AssetXmlWriter::indent()
 {
     std::size_t width = 2 * static_cast<std::size_t>(std::max(indentLevel, 0));
     if (width <= blanks.size()) {
@@ -265,7 +313,7 @@ std::u16string AssetXmlWriter::indentText() const
     return text;
 }
 
-void AssetXmlWriter::lineAscii(std::string_view text)
+[[gnu::always_inline]] inline void AssetXmlWriter::lineAscii(std::string_view text)
 {
     indent();
     put(text);
@@ -304,7 +352,7 @@ void AssetXmlWriter::openRoot(XmlText tag)
     putChar('<');
     putWide(rootTag);
     put(">\n");
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::closeRoot()
@@ -322,7 +370,7 @@ void AssetXmlWriter::openTag(XmlText tag)
     putChar('<');
     putText(tag);
     put(">\n");
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::closeTag(XmlText tag)
@@ -332,7 +380,7 @@ void AssetXmlWriter::closeTag(XmlText tag)
     putText(tag);
     put(">\n");
     --indentLevel;
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout)
@@ -346,14 +394,14 @@ void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout)
     put("\" url=\"");
     appendEscaped(url);
     put("\" >\n");
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::closeAsset()
 {
     lineAscii("</Asset>");
     --indentLevel;
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::openPlugin(XmlText name, XmlText type)
@@ -367,7 +415,7 @@ void AssetXmlWriter::openPlugin(XmlText name, XmlText type)
     put("\" type=\"");
     putText(type);
     put("\">\n");
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::closePlugin()
@@ -384,7 +432,7 @@ void AssetXmlWriter::openParameters()
     ++indentLevel;
     lineAscii("<parameters>");
     ++indentLevel;
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::closeParameters()
@@ -392,7 +440,7 @@ void AssetXmlWriter::closeParameters()
     --indentLevel;
     lineAscii("</parameters>");
     --indentLevel;
-    spill();
+    endOperation();
 }
 
 namespace {
@@ -428,23 +476,80 @@ void AssetXmlWriter::parameterHead(std::string_view opening, const XmlText& name
     ++indentLevel;
 }
 
+namespace {
+
+// The end of a parameter whose value stands on its line, "</value>" then "</parameter>" on a line of
+// its own, prepared for each depth that the run of blanks indents.
+struct InlineEnds {
+    static constexpr std::size_t depths = blanks.size() / 2 + 1;
+    static constexpr std::size_t room = 96;
+    char text[depths][room] = {};
+    uint8_t size[depths] = {};
+};
+
+constexpr InlineEnds makeInlineEnds()
+{
+    InlineEnds ends;
+    for (std::size_t depth = 0; depth < InlineEnds::depths; ++depth) {
+        std::size_t n = 0;
+        for (const char c : std::string_view("</value>\n")) ends.text[depth][n++] = c;
+        for (std::size_t i = 0; i < 2 * depth; ++i) ends.text[depth][n++] = ' ';
+        for (const char c : std::string_view("</parameter>\n")) ends.text[depth][n++] = c;
+        ends.size[depth] = static_cast<uint8_t>(n);
+    }
+    return ends;
+}
+
+constexpr InlineEnds inlineEnds = makeInlineEnds();
+
+}  // namespace
+
+void AssetXmlWriter::noneListHead(std::string_view opening, const XmlText& name, std::string_view handler,
+                                  const XmlText& label, bool isUserData, bool withValue)
+{
+    if (!name.isWideText() && (label.empty() || !label.isWideText())) {
+        const std::string_view made =
+            heads.find({opening, handler, name.narrowText(), label.empty() ? std::string_view() : label.narrowText(),
+                        indentLevel, isUserData, withValue});
+        if (!made.empty()) {
+            // The whole room is copied, which takes a few moves, and the head's size kept.
+            std::memcpy(room(ParameterHeads::textRoom), made.data(), ParameterHeads::textRoom);
+            staged += made.size();
+            ++indentLevel;
+            return;
+        }
+    }
+    parameterHead(opening, name, handler, "none", label, isUserData);
+    if (withValue) {
+        indent();
+        put("<value>");
+    }
+}
+
 void AssetXmlWriter::parameterEnd()
 {
     --indentLevel;
     lineAscii("</parameter>");
 }
 
-void AssetXmlWriter::inlineValueStart()
+void AssetXmlWriter::inlineValueHead(std::string_view opening, const XmlText& name, std::string_view handler,
+                                     const XmlText& label, bool isUserData)
 {
-    indent();
-    put("<value>");
+    noneListHead(opening, name, handler, label, isUserData, true);
 }
 
 void AssetXmlWriter::inlineValueEnd()
 {
-    put("</value>\n");
-    parameterEnd();
-    spill();
+    --indentLevel;
+    if (indentLevel >= 0 && static_cast<std::size_t>(indentLevel) < inlineEnds.depths) {
+        const std::size_t depth = static_cast<std::size_t>(indentLevel);
+        std::memcpy(room(InlineEnds::room), inlineEnds.text[depth], InlineEnds::room);
+        staged += inlineEnds.size[depth];
+    } else {
+        put("</value>\n");
+        lineAscii("</parameter>");
+    }
+    endOperation();
 }
 
 void AssetXmlWriter::blockValueStart()
@@ -458,66 +563,59 @@ void AssetXmlWriter::blockValueEnd()
     --indentLevel;
     lineAscii("</value>");
     parameterEnd();
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::writeFloat(XmlText name, float value, XmlText label, bool isUserData)
 {
-    parameterHead(floatHead, name, byDefault, "none", label, isUserData);
-    inlineValueStart();
+    inlineValueHead(floatHead, name, byDefault, label, isUserData);
     putFloat(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeInt(XmlText name, int32_t value, XmlText label, bool isUserData)
 {
-    parameterHead(integerHead, name, byDefault, "none", label, isUserData);
-    inlineValueStart();
+    inlineValueHead(integerHead, name, byDefault, label, isUserData);
     putInt(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeBool(XmlText name, bool value, XmlText label, bool isUserData)
 {
-    parameterHead(boolHead, name, byDefault, "none", label, isUserData);
-    inlineValueStart();
+    inlineValueHead(boolHead, name, byDefault, label, isUserData);
     putChar(value ? '1' : '0');
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeString(XmlText name, XmlText value, XmlText label, bool isUserData)
 {
-    parameterHead(stringHead, name, byDefault, "none", label, isUserData);
-    inlineValueStart();
+    inlineValueHead(stringHead, name, byDefault, label, isUserData);
     putText(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeFileString(XmlText name, XmlText value, XmlText label, bool isUserData)
 {
-    parameterHead(stringHead, name, byFileBrowser, "none", label, isUserData);
-    inlineValueStart();
+    inlineValueHead(stringHead, name, byFileBrowser, label, isUserData);
     appendEscaped(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writePluginName(XmlText name, XmlText value, XmlText label)
 {
-    parameterHead(pluginHead, name, byDefault, "none", label, false);
-    inlineValueStart();
+    inlineValueHead(pluginHead, name, byDefault, label, false);
     putText(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref, XmlText url, XmlText label)
 {
-    parameterHead(pluginHead, name, byDefault, "none", label, false);
+    noneListHead(pluginHead, name, byDefault, label, false, ref != nullptr);
     if (!ref) {
         parameterEnd();
-        spill();
+        endOperation();
         return;
     }
-    inlineValueStart();
     appendEscaped(url);
     if (const std::u16string* tail = ref->referenceName()) {
         putChar('/');
@@ -526,7 +624,8 @@ void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref,
     inlineValueEnd();
 }
 
-void AssetXmlWriter::floatLine(std::string_view open, std::string_view close, float value)
+[[gnu::always_inline]] inline void AssetXmlWriter::floatLine(std::string_view open, std::string_view close,
+                                                              float value)
 {
     indent();
     put(open);
@@ -534,7 +633,7 @@ void AssetXmlWriter::floatLine(std::string_view open, std::string_view close, fl
     put(close);
 }
 
-void AssetXmlWriter::intLine(std::string_view open, std::string_view close, int32_t value)
+[[gnu::always_inline]] inline void AssetXmlWriter::intLine(std::string_view open, std::string_view close, int32_t value)
 {
     indent();
     put(open);
@@ -555,7 +654,7 @@ void AssetXmlWriter::vectorBlock(const Vector& v)
 
 void AssetXmlWriter::writeColor(XmlText name, const Color& value, XmlText label)
 {
-    parameterHead(colorHead, name, byDefault, "none", label, false);
+    noneListHead(colorHead, name, byDefault, label, false, false);
     blockValueStart();
     floatLine("<r>", "</r>\n", value.r);
     floatLine("<g>", "</g>\n", value.g);
@@ -565,7 +664,7 @@ void AssetXmlWriter::writeColor(XmlText name, const Color& value, XmlText label)
 
 void AssetXmlWriter::writeAColor(XmlText name, const AColor& value, XmlText label)
 {
-    parameterHead(acolorHead, name, byDefault, "none", label, false);
+    noneListHead(acolorHead, name, byDefault, label, false, false);
     blockValueStart();
     floatLine("<r>", "</r>\n", value.r);
     floatLine("<g>", "</g>\n", value.g);
@@ -576,7 +675,7 @@ void AssetXmlWriter::writeAColor(XmlText name, const AColor& value, XmlText labe
 
 void AssetXmlWriter::writeVector(XmlText name, const Vector& value, XmlText label)
 {
-    parameterHead(vectorHead, name, byDefault, "none", label, false);
+    noneListHead(vectorHead, name, byDefault, label, false, false);
     blockValueStart();
     vectorBlock(value);
     blockValueEnd();
@@ -584,7 +683,7 @@ void AssetXmlWriter::writeVector(XmlText name, const Vector& value, XmlText labe
 
 void AssetXmlWriter::writeMatrix(XmlText name, const Matrix& value, XmlText label)
 {
-    parameterHead(matrixHead, name, byDefault, "none", label, false);
+    noneListHead(matrixHead, name, byDefault, label, false, false);
     blockValueStart();
     putChar('\n');  // the matrix form keeps an empty line behind its value tag
     lineAscii("<matrix>");
@@ -597,7 +696,7 @@ void AssetXmlWriter::writeMatrix(XmlText name, const Matrix& value, XmlText labe
 
 void AssetXmlWriter::writeTransform(XmlText name, const Transform& value, XmlText label)
 {
-    parameterHead(transformHead, name, byDefault, "none", label, false);
+    noneListHead(transformHead, name, byDefault, label, false, false);
     blockValueStart();
     for (const Vector& v : value.m.v) vectorBlock(v);
     vectorBlock(value.offset);
@@ -607,7 +706,7 @@ void AssetXmlWriter::writeTransform(XmlText name, const Transform& value, XmlTex
 void AssetXmlWriter::componentBlock(std::string_view opening, const XmlText& name, const TransformComponents& c,
                                     const XmlText& label)
 {
-    parameterHead(opening, name, byDefault, "none", label, false);
+    noneListHead(opening, name, byDefault, label, false, false);
     blockValueStart();
     floatLine("<x_rotation>", "</x_rotation>\n", c.x_rotation);
     floatLine("<y_rotation>", "</y_rotation>\n", c.y_rotation);
@@ -640,7 +739,7 @@ void AssetXmlWriter::openList(XmlText name, XmlText elementType, XmlText label)
     lineAscii("<value>");
     lineAscii("<list>");
     ++indentLevel;
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::writeEntry(XmlText text)
@@ -649,7 +748,7 @@ void AssetXmlWriter::writeEntry(XmlText text)
     put("<entry>");
     appendEscaped(text);
     put("</entry>\n");
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::writeStringEntry(XmlText text)
@@ -658,7 +757,7 @@ void AssetXmlWriter::writeStringEntry(XmlText text)
     put("<string>\"");
     putText(text);
     put("\"</string>\n");
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::closeList()
@@ -667,13 +766,13 @@ void AssetXmlWriter::closeList()
     lineAscii("</list>");
     lineAscii("</value>");
     parameterEnd();
-    spill();
+    endOperation();
 }
 
 void AssetXmlWriter::writeRaw(XmlText text)
 {
     putText(text);
-    spill();
+    endOperation();
 }
 
 std::u16string AssetXmlWriter::unescapeXml(std::u16string_view text)

@@ -13,6 +13,7 @@
 #include "archive/value_types.h"
 #include "records/serializable.h"
 #include "xml/frame_store.h"
+#include "xml/parameter_heads.h"
 #include "xml/xml_text.h"
 
 namespace TalvexCore {
@@ -22,7 +23,8 @@ class TransformComponents;
 // Appends text to a wide string, or the same text as UTF-8 to a narrow one; it builds no tree and
 // checks no balance, so the caller's order of calls is the document's order. Lines end in a line
 // feed; each level indents two blanks. The text of an operation is gathered as UTF-8 in the
-// writer's own buffer and reaches the stream in one step when the operation ends.
+// writer's own buffer and reaches the stream in one step when the operation ends, or at the next
+// flush.
 class AssetXmlWriter {
 public:
     // Takes the text written so far and empties it, so that a long document can be written out
@@ -30,10 +32,15 @@ public:
     using FlushSink = std::function<void(std::u16string& text)>;
     using Utf8FlushSink = std::function<void(std::string& text)>;
 
+    // When the text reaches the stream: at the end of each operation, or only at each flush (and
+    // whenever the writer's own buffer is full), for a document handed over in pieces.
+    enum class Delivery { EachOperation, AtFlush };
+
     explicit AssetXmlWriter(std::u16string& stream);
     // The same document as UTF-8, with no wide text in between. A lone surrogate of the model's
     // text becomes U+FFFD, or, when kept, its own three bytes.
-    explicit AssetXmlWriter(std::string& utf8Stream, LoneSurrogates loneSurrogates = LoneSurrogates::Replaced);
+    explicit AssetXmlWriter(std::string& utf8Stream, LoneSurrogates loneSurrogates = LoneSurrogates::Replaced,
+                            Delivery delivery = Delivery::EachOperation);
     void setFlushSink(FlushSink sink) { flushSink = std::move(sink); }
     void setFlushSink(Utf8FlushSink sink) { utf8FlushSink = std::move(sink); }
     void flush();
@@ -117,9 +124,15 @@ private:
     // `handlerAndList` the text from the name's closing quote to the list type's value.
     void parameterHead(std::string_view opening, const XmlText& name, std::string_view handlerAndList,
                        const XmlText& listType, const XmlText& label, bool isUserData);
+    // The head of a parameter whose list type is "none", made or copied; with `withValue`, the
+    // value's tag behind it, for the caller to append the value's text.
+    void noneListHead(std::string_view opening, const XmlText& name, std::string_view handler, const XmlText& label,
+                      bool isUserData, bool withValue);
     void parameterEnd();
+    void endOperation();
     // `<value>`text`</value>` then the parameter's end; the caller appends the text.
-    void inlineValueStart();
+    void inlineValueHead(std::string_view opening, const XmlText& name, std::string_view handler,
+                         const XmlText& label, bool isUserData);
     void inlineValueEnd();
     void blockValueStart();
     void blockValueEnd();
@@ -133,11 +146,13 @@ private:
     std::u16string* wideOut = nullptr;  // one of the two is set
     std::string* utf8Out = nullptr;
     LoneSurrogates loneSurrogates = LoneSurrogates::Replaced;
+    Delivery delivery = Delivery::EachOperation;
     int32_t indentLevel = 0;
     std::u16string rootTag;
     FlushSink flushSink;
     Utf8FlushSink utf8FlushSink;
     FrameStore frameStore;
+    ParameterHeads& heads = ParameterHeads::ofThisThread();
     std::size_t staged = 0;
     char stage[stageSize];
 };

@@ -67,6 +67,11 @@ std::size_t floatText(char* buf, double value)
         buf[0] = '0';
         return 1;
     }
+    // Whole numbers of up to six digits, the most common values, print as integers do.
+    if (value > -1e6 && value < 1e6) {
+        const auto whole = static_cast<int32_t>(value);
+        if (whole == value) return static_cast<std::size_t>(std::to_chars(buf, buf + 8, whole).ptr - buf);
+    }
     if (const std::size_t n = quickFixedText(buf, value)) return n;
     const auto result = std::to_chars(buf, buf + 40, value, std::chars_format::general, 6);
     std::size_t n = static_cast<std::size_t>(result.ptr - buf);

@@ -2,6 +2,7 @@
 // asset frame.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -181,6 +182,75 @@ TEST(AssetXmlWriter, ParameterForms)
         EXPECT_EQ(textOf(c.write), "<parameter " + c.head + ">\n" + c.inside + "</parameter>\n");
         EXPECT_EQ(utf8TextOf(c.write), textOf(c.write)) << "the UTF-8 writer";
     }
+}
+
+// Heads are kept by where their name lies: a name whose room then holds other text, or the same
+// name at another depth, with a label or as user data, gets its own head; names the writer cannot
+// keep (not ASCII, cut by a zero) are made each time, alike.
+TEST(AssetXmlWriter, KeptHeadsFollowTheirText)
+{
+    char room[16] = "alpha";
+    const std::string text = utf8TextOf([&room](AssetXmlWriter& w) {
+        for (const char* name : {"alpha", "bravo", "alpha"}) {
+            std::strcpy(room, name);
+            w.writeInt(room, 1);
+        }
+        w.writeInt(room, 2, "Label");
+        w.writeInt(room, 3, {}, true);
+        w.openTag("g");
+        w.writeInt(room, 4);
+        w.closeTag("g");
+        w.writeInt(std::string_view("cut\0off", 7), 5);
+        w.writeInt("caf\xE9", 6);
+    });
+    const auto param = [](const std::string& indent, const std::string& name, const std::string& marks, int value) {
+        return indent + "<parameter type=\"integer\" name=\"" + name + "\" handler=\"default\" listType=\"none\"" +
+               marks + ">\n" + indent + "  <value>" + std::to_string(value) + "</value>\n" + indent + "</parameter>\n";
+    };
+    EXPECT_EQ(text, param("", "alpha", " label=\"alpha\"", 1) + param("", "bravo", " label=\"bravo\"", 1) +
+                        param("", "alpha", " label=\"alpha\"", 1) + param("", "alpha", " label=\"Label\"", 2) +
+                        param("", "alpha", " isUserData=\"1\" label=\"alpha\"", 3) + "  <g>\n" +
+                        param("  ", "alpha", " label=\"alpha\"", 4) + "  </g>\n" +
+                        param("", "cut", " label=\"cut\"", 5) + param("", "caf\xC3\xA9", " label=\"caf\xC3\xA9\"", 6));
+}
+
+// Urls and wide values are encoded in runs of plain characters; whatever stops a run (a character
+// to escape, one that is not ASCII, a pair, a lone half, a zero) gives the same text at any place.
+TEST(AssetXmlWriter, TextIsTheSameWhereverAStopFalls)
+{
+    const std::u16string stops[] = {u"&", u"<", u">", u"\u00e9", u"\u20ac", u"\U0001F600", std::u16string(1, u'\xD800'),
+                                    std::u16string(1, u'\0')};
+    for (const std::u16string& stop : stops) {
+        for (std::size_t at = 0; at < 20; ++at) {
+            const std::u16string text = std::u16string(at, u'a') + stop + std::u16string(19 - at, u'b');
+            const std::u16string cut = text.substr(0, text.find(u'\0'));
+            std::string entry, value;
+            appendWideAsNarrow(entry, AssetXmlWriter::escapeXml(cut, true), LoneSurrogates::Replaced);
+            appendWideAsNarrow(value, cut, LoneSurrogates::Replaced);
+            SCOPED_TRACE(wideToNarrow(text));
+            EXPECT_EQ(utf8TextOf([&](AssetXmlWriter& w) { w.writeEntry(text); }), "<entry>" + entry + "</entry>\n");
+            EXPECT_EQ(utf8TextOf([&](AssetXmlWriter& w) { w.writeRaw(text); }), value);
+        }
+    }
+}
+
+// A writer that hands its document over at each flush keeps it to itself until then, and writes
+// the same document.
+TEST(AssetXmlWriter, DeliveryAtFlushKeepsTheTextUntilTheFlush)
+{
+    std::string text;
+    AssetXmlWriter writer(text, LoneSurrogates::Replaced, AssetXmlWriter::Delivery::AtFlush);
+    writer.openAsset(u"/a", "texture", "");
+    writer.writeFloat("f", 0.5f);
+    EXPECT_TRUE(text.empty());
+    writer.openPlugin("TexProbe", "texture");
+    writer.closePlugin();
+    EXPECT_EQ(text, textOf([](AssetXmlWriter& w) {
+                  w.openAsset(u"/a", "texture", "");
+                  w.writeFloat("f", 0.5f);
+                  w.openPlugin("TexProbe", "texture");
+                  w.closePlugin();
+              }));
 }
 
 TEST(AssetXmlWriter, EscapeOrder)
