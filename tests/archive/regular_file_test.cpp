@@ -1,11 +1,15 @@
-// Only regular files open: a device or a folder is refused at once with the reason, and a file that
-// another writer holds open still opens for reading.
+// Only regular files open: a device, a FIFO (whose opening would wait for a writer) or a folder is
+// refused at once with the reason, and a file that another writer holds open still opens for reading.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 #include "archive/file_path.h"
 #include "archive/regular_file.h"
@@ -25,6 +29,7 @@ TEST(RegularFile, DevicesAndFoldersAreRefusedWithTheirReason)
     EXPECT_EQ(device.stream().get(), std::char_traits<char>::eof());
 
     const fs::path folder = fs::path(::testing::TempDir()) / "cindrel_regular_file";
+    fs::remove_all(folder);
     fs::create_directories(folder);
     RegularFile asFile(widePath(folder));
     EXPECT_FALSE(asFile.isOpen());
@@ -32,6 +37,12 @@ TEST(RegularFile, DevicesAndFoldersAreRefusedWithTheirReason)
     EXPECT_FALSE(missing.isOpen());
     EXPECT_NE(asFile.failureReason(), missing.failureReason());
     EXPECT_NE(missing.failureReason(), "not a regular file");
+#ifndef _WIN32
+    ASSERT_EQ(::mkfifo((folder / "pipe.talmat").c_str(), 0600), 0);
+    RegularFile fifo(widePath(folder / "pipe.talmat"));
+    EXPECT_FALSE(fifo.isOpen());
+    EXPECT_EQ(fifo.failureReason(), "not a regular file");
+#endif
 
     {
         std::ofstream writer(folder / "written.talmat", std::ios::binary);

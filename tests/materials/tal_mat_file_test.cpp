@@ -5,10 +5,7 @@
 #include <fstream>
 #include <sstream>
 
-#include <sys/stat.h>
 #include <unistd.h>
-
-#include "archive/text_conversion.h"
 
 #include "materials/base_brdf.h"
 #include "materials/material_single_brdf.h"
@@ -179,23 +176,4 @@ TEST(TalMatFile, OpenModeAndPaths)
     EXPECT_FALSE(file.load(dir.u16string()));
     EXPECT_TRUE(file.load(write("\u00e9 wood.talmat", header(0x20000, 1) + logicalStream(sampleMaterial()))));
     std::filesystem::remove_all(dir);
-}
-
-// A name that is not UTF-8 opens as its bytes; a FIFO is refused at once instead of waiting.
-TEST(TalMatFile, ByteNamesAndFifos)
-{
-#ifdef _WIN32
-    GTEST_SKIP() << "Windows names are 16-bit units, not bytes, and it has no FIFOs";
-#else
-    const auto dir = std::filesystem::temp_directory_path() / ("talmat_fifo_test_" + std::to_string(::getpid()));
-    std::filesystem::create_directories(dir);
-    TalMatFile file;
-    const std::string oddName = (dir / "caf\xE9.talmat").native();
-    std::ofstream(oddName, std::ios::binary) << header(0x20000, 1) + logicalStream(sampleMaterial());
-    EXPECT_TRUE(file.load(fileNameToWide(oddName)));
-    ASSERT_EQ(::mkfifo((dir / "pipe.talmat").c_str(), 0600), 0);
-    EXPECT_FALSE(file.load((dir / "pipe.talmat").u16string()));
-    EXPECT_EQ(TalMatFile::chooseOpenMode((dir / "pipe.talmat").u16string()), 1);
-    std::filesystem::remove_all(dir);
-#endif
 }

@@ -1,10 +1,12 @@
 """What the module's tests share, written to run unchanged under Python 2.7 and every Python 3."""
 import contextlib
 import os
+import shutil
 import sys
+import tempfile
+import unittest
 
 TEXT = type(u"")  # the interpreter's Unicode type: unicode under 2.7, str under 3
-
 
 
 def as_text(path):
@@ -61,3 +63,25 @@ def example_files():
                 full = os.path.join(folder, name)
                 found.append((os.path.relpath(full, EXAMPLES), full))
     return sorted(found)
+
+
+def convert(path):
+    """The command that the path's extension names, on the path."""
+    import Cindrel
+    command = Cindrel.getTalmatXml if path.lower().endswith(MATERIAL_EXTENSIONS) else Cindrel.getTaloptXml
+    return command(path)
+
+
+class InTemporaryFolder(unittest.TestCase):
+    """A test with a folder of its own, removed after it."""
+
+    def setUp(self):
+        self.dir = tempfile.mkdtemp(prefix="cindrel_module_test_")
+        self.addCleanup(shutil.rmtree, self.dir)
+
+    def path(self, name, data=None):
+        """A path in the folder as text, holding the data if given."""
+        full = os.path.join(as_text(self.dir), name)
+        if data is not None:
+            write_file(full, data)
+        return full

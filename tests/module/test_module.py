@@ -2,28 +2,16 @@
 from __future__ import unicode_literals
 
 import os
-import shutil
 import sys
-import tempfile
 import unittest
 
 import Cindrel
-from support import SOURCE, TEXT, as_text, case, write_file
+from support import SOURCE, TEXT, InTemporaryFolder, case
 
 COMMANDS = (Cindrel.getTalmatXml, Cindrel.getTaloptXml)
 
 
-class ModuleTest(unittest.TestCase):
-    def setUp(self):
-        self.dir = tempfile.mkdtemp(prefix="cindrel_module_test_")
-        self.addCleanup(shutil.rmtree, self.dir)
-
-    def path(self, name, data=None):
-        full = os.path.join(as_text(self.dir), name)
-        if data is not None:
-            write_file(full, data)
-        return full
-
+class ModuleTest(InTemporaryFolder):
     def test_module_surface(self):
         self.assertTrue(issubclass(Cindrel.error, Exception))
         self.assertEqual((Cindrel.error.__module__, Cindrel.error.__name__), ("Cindrel", "error"))
@@ -121,6 +109,7 @@ class ModuleTest(unittest.TestCase):
                 fifo = self.path("pipe." + ext)
                 os.mkfifo(fifo)
                 self.assertEqual(command(fifo), "")
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -8,16 +8,10 @@ import re
 import shutil
 import subprocess
 import sys
-import tempfile
 import unittest
 
 import Cindrel
-from support import MATERIAL_EXTENSIONS, SOURCE, example_files
-
-
-def convert(path):
-    command = Cindrel.getTalmatXml if path.lower().endswith(MATERIAL_EXTENSIONS) else Cindrel.getTaloptXml
-    return command(path)
+from support import SOURCE, InTemporaryFolder, convert, example_files
 
 
 def readme_recipe():
@@ -29,11 +23,7 @@ def readme_recipe():
 
 
 @unittest.skipIf(sys.version_info[0] < 3, "the recipe is for Python 3 (concurrent.futures)")
-class ProcessPoolRecipe(unittest.TestCase):
-    def setUp(self):
-        self.dir = tempfile.mkdtemp(prefix="cindrel_pool_test_")
-        self.addCleanup(shutil.rmtree, self.dir)
-
+class ProcessPoolRecipe(InTemporaryFolder):
     def test_the_recipe_gives_every_file_its_serial_text(self):
         recipe = readme_recipe()
         self.assertIsNotNone(recipe, "the README has no process-pool recipe")

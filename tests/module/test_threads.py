@@ -1,33 +1,20 @@
 """The module and a host's threads: a conversion lets the interpreter's other threads go on."""
 from __future__ import unicode_literals
 
-import os
-import shutil
-import tempfile
 import threading
 import time
 import unittest
 
 import Cindrel
-from support import MATERIAL_EXTENSIONS, as_text, case, example_files, write_file
+from support import InTemporaryFolder, case, convert, example_files
 
 
-def convert(path):
-    command = Cindrel.getTalmatXml if path.lower().endswith(MATERIAL_EXTENSIONS) else Cindrel.getTaloptXml
-    return command(path)
-
-
-class ThreadsTest(unittest.TestCase):
-    def setUp(self):
-        self.dir = tempfile.mkdtemp(prefix="cindrel_threads_test_")
-        self.addCleanup(shutil.rmtree, self.dir)
-
+class ThreadsTest(InTemporaryFolder):
     def test_other_threads_go_on_while_a_large_file_converts(self):
         # Text that is not UTF-8 as a whole (the last byte), so that every byte is read, checked and
         # converted; the text the interpreter finally takes in is plain ASCII, quick to take.
-        path = os.path.join(as_text(self.dir), "large.talmat")
         line = b"<parameter name=\"diffuse\" type=\"float\"><value>0.5</value></parameter>\n"
-        write_file(path, line * (32 * 1024 * 1024 // len(line)) + b"\xe9")
+        path = self.path("large.talmat", line * (32 * 1024 * 1024 // len(line)) + b"\xe9")
         ticks = []
         stop = threading.Event()
 

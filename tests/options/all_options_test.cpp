@@ -134,8 +134,25 @@ TEST(AllOptions, NewestRecordRoundTrip)
     EXPECT_TRUE(loaded.isEqual(o));
     EXPECT_EQ(recordOf(loaded).bytes, first.bytes);
 
-    loaded.bg_tex = std::make_shared<AColorTexture>(AColor{1, 0, 1, 1});
-    EXPECT_FALSE(loaded.isEqual(o));
+    // A change in a row of any form tells the two apart: texture, path, text, wide text, colour,
+    // list, and the embedded records.
+    using Change = void (*)(AllOptions&);
+    const Change changes[] = {
+        [](AllOptions& c) { c.bg_tex = std::make_shared<AColorTexture>(AColor{1, 0, 1, 1}); },
+        [](AllOptions& c) { c.caustics_auto_save_file[0] = u'x'; },
+        [](AllOptions& c) { c.params.im_params_file = "other"; },
+        [](AllOptions& c) { c.folder = u"//farm/other"; },
+        [](AllOptions& c) { c.reflect_color = Color{1, 0, 1}; },
+        [](AllOptions& c) { c.channels.pop_back(); },
+        [](AllOptions& c) { c.frameData.worldToCam.offset = {0, 0, 0}; },
+        [](AllOptions& c) { c.camera.blades_num = 3; },
+    };
+    for (std::size_t i = 0; i < std::size(changes); ++i) {
+        AllOptions changed;
+        ASSERT_TRUE(load(changed, first));
+        changes[i](changed);
+        EXPECT_FALSE(changed.isEqual(o)) << "change " << i;
+    }
 }
 
 // A second load gives the state of the second file alone.

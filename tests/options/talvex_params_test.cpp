@@ -87,6 +87,9 @@ TEST(TalvexParams, ForcedSamplerTypeAndReservedWords)
     EXPECT_EQ(after, 0x3F800000u);
     ASSERT_TRUE(load(p, paramsWithWord(reservedWord, 5)));
     EXPECT_EQ(p.time_dependent, 1);
+    // Whatever the file held there, the word behind it goes out as 1.0 again.
+    ASSERT_TRUE(load(p, paramsWithWord(reservedWord + 2, 5)));
+    EXPECT_EQ(recordOf(p).bytes, fresh.bytes);
 }
 
 }  // namespace

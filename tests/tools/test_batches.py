@@ -1,40 +1,18 @@
 """Batches of the cindrel command: on several cores, in the order given, each file as it would be alone."""
 import os
-import pathlib
-import shutil
-import subprocess
-import tempfile
 import unittest
 
-TOOL = os.environ.get("CINDREL_TOOL", "cindrel")
-SOURCE = pathlib.Path(os.environ.get("CINDREL_SOURCE_DIR", pathlib.Path(__file__).resolve().parents[2]))
-EXAMPLES = SOURCE / "examples"
-GOLDEN = SOURCE / "tests" / "golden"
+from command_fixture import EXAMPLES, InTemporaryFolder, golden, header, run
+
 FAIL_BIG_ALLOCATIONS = os.environ.get("CINDREL_FAIL_BIG_ALLOCATIONS", "")
 
 
-def run(*args, env=None):
-    return subprocess.run([TOOL, *map(str, args)], capture_output=True, timeout=60,
-                          env=None if env is None else {**os.environ, **env})
-
-
-def header(path):
-    return b"==> " + bytes(path) + b" <==\n"
-
-
-class Batches(unittest.TestCase):
-    def setUp(self):
-        self.tmp = tempfile.TemporaryDirectory()
-        self.addCleanup(self.tmp.cleanup)
-        self.dir = pathlib.Path(self.tmp.name)
-
+class Batches(InTemporaryFolder):
     def mixed_batch(self):
         """Good files of every kind (the document's sun changed by one, seen by none of the others),
         damaged, text and unreadable ones, in an order that is not the order of their names."""
-        cut = self.dir / "cut.talmat"
-        cut.write_bytes((EXAMPLES / "car_paint_v2.talmat").read_bytes()[:250])
-        text = self.dir / "text.talopt"
-        text.write_bytes(b"<talopt/>")
+        cut = self.cut()
+        text = self.write("text.talopt", b"<talopt/>")
         good = sorted(EXAMPLES.glob("*.t*"), reverse=True) + sorted(EXAMPLES.glob("*.n*"))
         return [good[0], cut, self.dir / "missing.talmat", *good[1:6], text, EXAMPLES / "sky_document_sun.talmat",
                 *good[6:], EXAMPLES / "sky_shared_sun.talmat", EXAMPLES / "sky_versions.talmat"]
@@ -55,7 +33,7 @@ class Batches(unittest.TestCase):
                 expected = b""
                 for path in short:
                     if path.parent == EXAMPLES:
-                        expected += header(path) + (GOLDEN / (path.name + ".xml")).read_bytes()
+                        expected += header(path) + golden(path.name)
                     elif path.name == "text.talopt":
                         expected += header(path) + b"<talopt/>\n"
                 self.assertEqual(results[1].stdout, expected * copies)
@@ -77,12 +55,11 @@ class Batches(unittest.TestCase):
             trees.append({p.name: p.read_bytes() for p in out.iterdir()})
             self.assertEqual(len(result.stdout.splitlines()), len(set(batch)) - 2)  # a file named twice is refused once
         self.assertEqual(trees[0], trees[1])
-        self.assertEqual(trees[0]["sky_versions.xml"], (GOLDEN / "sky_versions.talmat.xml").read_bytes())
+        self.assertEqual(trees[0]["sky_versions.xml"], golden("sky_versions.talmat"))
 
     @unittest.skipUnless(os.path.exists(FAIL_BIG_ALLOCATIONS), "the allocation-failing library is not built here")
     def test_a_file_that_runs_out_of_memory_fails_alone(self):
-        big = self.dir / "big.talmat"
-        big.write_bytes(b"<talmat>" + b"x" * (8 << 20) + b"</talmat>")
+        big = self.write("big.talmat", b"<talmat>" + b"x" * (8 << 20) + b"</talmat>")
         batch = [EXAMPLES / "wood_floor.talmat", big, EXAMPLES / "metals.numat"]
         limited = {"LD_PRELOAD": FAIL_BIG_ALLOCATIONS, "CINDREL_TEST_ALLOCATION_LIMIT": str(4 << 20)}
         for args in [("-j", 1, *batch), ("-o", self.dir / "out", *batch), (big,)]:
@@ -91,8 +68,8 @@ class Batches(unittest.TestCase):
                 self.assertEqual(result.returncode, 1)
                 self.assertEqual(result.stderr, f"cindrel: {big}: not enough memory to convert it\n".encode())
                 if len(args) > 1 and args[0] == "-j":
-                    self.assertEqual(result.stdout, header(batch[0]) + (GOLDEN / "wood_floor.talmat.xml").read_bytes() +
-                                     header(batch[2]) + (GOLDEN / "metals.numat.xml").read_bytes())
+                    self.assertEqual(result.stdout, header(batch[0]) + golden("wood_floor.talmat") +
+                                     header(batch[2]) + golden("metals.numat"))
         self.assertEqual(sorted(p.name for p in (self.dir / "out").iterdir()), ["metals.xml", "wood_floor.xml"])
 
     def test_folders_and_output_options(self):

@@ -1,62 +1,37 @@
 """The cindrel command on files that are not what their names say, and on outputs that fail."""
 import os
-import pathlib
 import resource
-import signal
 import subprocess
-import tempfile
 import unittest
 
-TOOL = os.environ.get("CINDREL_TOOL", "cindrel")
-SOURCE = pathlib.Path(os.environ.get("CINDREL_SOURCE_DIR", pathlib.Path(__file__).resolve().parents[2]))
-EXAMPLES = SOURCE / "examples"
-GOLDEN = SOURCE / "tests" / "golden"
-
-
-def run(*args, limit_file_size=None, timeout=20):
-    def limits():
-        if limit_file_size is not None:
-            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)  # a write past the limit fails instead
-            resource.setrlimit(resource.RLIMIT_FSIZE, (limit_file_size, limit_file_size))
-    return subprocess.run([TOOL, *map(os.fsencode, args)], capture_output=True, timeout=timeout, preexec_fn=limits)
-
-
-def files_below(folder):
-    return sorted(str(p.relative_to(folder)) for p in pathlib.Path(folder).rglob("*") if p.is_file())
-
-
-class InTemporaryFolder(unittest.TestCase):
-    def setUp(self):
-        self.tmp = tempfile.TemporaryDirectory()
-        self.addCleanup(self.tmp.cleanup)
-        self.dir = pathlib.Path(self.tmp.name)
+from command_fixture import EXAMPLES, InTemporaryFolder, files_below, golden, header, run
 
 
 class HostileFiles(InTemporaryFolder):
-
     def test_things_that_are_not_regular_files_are_refused_at_once(self):
         fifo = self.dir / "pipe.talmat"
         os.mkfifo(fifo)
         device = self.dir / "zero.talmat"
         device.symlink_to("/dev/zero")
-        for path, reason in [(fifo, b"not a regular file"), (device, b"not a regular file")]:
+        for path in (fifo, device):
             with self.subTest(path=path):
-                result = run(path, EXAMPLES / "wood_floor.talmat")  # bounded by run's timeout
+                result = run(path, EXAMPLES / "wood_floor.talmat", timeout=20)
                 self.assertEqual(result.returncode, 1)
-                self.assertIn(str(path).encode() + b": " + reason, result.stderr)
-                self.assertEqual(result.stdout, b"==> " + bytes(EXAMPLES / "wood_floor.talmat") + b" <==\n" +
-                                 (GOLDEN / "wood_floor.talmat.xml").read_bytes())
-        out = self.dir / "out"
-        result = run("-o", out, fifo)
-        self.assertEqual(result.returncode, 1)
-        self.assertEqual(files_below(out) if out.exists() else [], [])
+                self.assertIn(str(path).encode() + b": not a regular file", result.stderr)
+                self.assertEqual(result.stdout, header(EXAMPLES / "wood_floor.talmat") + golden("wood_floor.talmat"))
+        # Into a folder, neither it nor a missing file leaves an output.
+        for path in (fifo, self.dir / "missing.talmat"):
+            with self.subTest(path=path):
+                out = self.dir / "out"
+                result = run("-o", out, path, timeout=20)
+                self.assertEqual(result.returncode, 1)
+                self.assertEqual(files_below(out), [])
 
     def test_names_that_are_not_utf8_open_as_their_bytes(self):
-        name = self.dir / os.fsdecode(b"\xff\xfe caf\xe9.talmat")
-        name.write_bytes((EXAMPLES / "wood_floor.talmat").read_bytes())
+        name = self.copy("wood_floor.talmat", os.fsdecode(b"\xff\xfe caf\xe9.talmat"))
         result = run(name)
         self.assertEqual(result.returncode, 0, result.stderr)
-        self.assertEqual(result.stdout, (GOLDEN / "wood_floor.talmat.xml").read_bytes())
+        self.assertEqual(result.stdout, golden("wood_floor.talmat"))
         out = self.dir / "out"
         result = run("-o", out, self.dir)
         self.assertEqual(result.returncode, 0, result.stderr)
@@ -75,13 +50,8 @@ class HostileFiles(InTemporaryFolder):
 
 
 class DamagedFiles(InTemporaryFolder):
-    def write(self, name, data):
-        path = self.dir / name
-        path.write_bytes(data)
-        return path
-
     def test_a_binary_header_that_does_not_load_is_an_error_with_what_where_and_why(self):
-        damaged = self.write("cut.talmat", (EXAMPLES / "car_paint_v2.talmat").read_bytes()[:250])
+        damaged = self.cut()
         out = self.dir / "out"
         result = run("-o", out, damaged)
         self.assertEqual(result.returncode, 1)
@@ -102,7 +72,9 @@ class DamagedFiles(InTemporaryFolder):
         result = run(cut)
         self.assertEqual(result.returncode, 0, result.stderr)
         self.assertIn(b"short.talmat: warning: the load read past the end", result.stderr)
-        self.assertNotIn(b"warning", run(EXAMPLES / "wood_floor.talmat").stderr)
+        # A whole file alone: its golden document and not a word more.
+        whole = run(EXAMPLES / "wood_floor.talmat")
+        self.assertEqual((whole.returncode, whole.stdout, whole.stderr), (0, golden("wood_floor.talmat"), b""))
         text = self.write("ls.talmat", b"\x7fELF\x02\x01\x01\x00rest")
         result = run(text)
         self.assertEqual((result.returncode, result.stdout), (0, b"\x7fELF\x02\x01\x01"))
@@ -111,18 +83,16 @@ class DamagedFiles(InTemporaryFolder):
 
 class WholeOrAbsentOutput(InTemporaryFolder):
     def test_a_write_that_fails_leaves_no_file_and_names_the_reason(self):
-        source = self.dir / "in"
-        source.mkdir()
         for name in ["wood_floor.talmat", "metals.numat", "hand_written.talmat"]:
-            (source / name).write_bytes((EXAMPLES / name).read_bytes())
+            self.copy(name, "in/" + name)
+        source = self.dir / "in"
         out = self.dir / "out"
         result = run("-o", out, source, limit_file_size=20000)
         self.assertEqual(result.returncode, 1)
         self.assertIn(b"File too large", result.stderr)
         for name in files_below(out):  # only whole documents, no temporary names
             self.assertFalse(name.startswith("."), name)
-            golden = GOLDEN / (name.replace(".xml", "") + ".talmat.xml")
-            self.assertEqual((out / name).read_bytes(), golden.read_bytes())
+            self.assertEqual((out / name).read_bytes(), golden(name.replace(".xml", "") + ".talmat"))
         self.assertIn("hand_written.xml", files_below(out))
 
     @unittest.skipUnless(os.geteuid() == 0, "mounting a small file system needs root")
@@ -139,20 +109,9 @@ class WholeOrAbsentOutput(InTemporaryFolder):
             self.assertFalse(name.startswith("."), name)
             self.assertGreater((out / name).stat().st_size, 1000)
 
-    def test_an_unreadable_input_leaves_no_output(self):
-        out = self.dir / "out"
-        result = run("-o", out, self.dir / "missing.talmat")
-        self.assertEqual(result.returncode, 1)
-        self.assertEqual(files_below(out) if out.exists() else [], [])
-
     def test_inputs_that_share_an_output_name_never_overwrite_each_other(self):
-        paths = []
-        for folder in "abc":
-            (self.dir / folder).mkdir()
-            path = self.dir / folder / "x.talmat"
-            path.write_bytes(b"<from-" + folder.encode() + b"/>")
-            paths.append(path)
-        (self.dir / "a" / "x.talopt").write_bytes(b"<options/>")
+        paths = [self.write(folder + "/x.talmat", b"<from-" + folder.encode() + b"/>") for folder in "abc"]
+        self.write("a/x.talopt", b"<options/>")
         out = self.dir / "out"
         result = run("-o", out, *paths, self.dir / "a" / "x.talopt")
         self.assertEqual(result.returncode, 1)

@@ -1,33 +1,12 @@
 """cindrel upgrade: files of any version stored in the newest, kept only when they convert the same."""
-import os
-import pathlib
-import shutil
-import subprocess
-import tempfile
 import unittest
 
-TOOL = os.environ.get("CINDREL_TOOL", "cindrel")
-SOURCE = pathlib.Path(os.environ.get("CINDREL_SOURCE_DIR", pathlib.Path(__file__).resolve().parents[2]))
-EXAMPLES = SOURCE / "examples"
-GOLDEN = SOURCE / "tests" / "golden"
+from command_fixture import EXAMPLES, InTemporaryFolder, golden, run
+
 NEWEST_MATERIAL_FILE = (0x30000).to_bytes(4, "little")
 
 
-def run(*args):
-    return subprocess.run([TOOL, *map(str, args)], capture_output=True, timeout=60)
-
-
-class Upgrade(unittest.TestCase):
-    def setUp(self):
-        self.tmp = tempfile.TemporaryDirectory()
-        self.addCleanup(self.tmp.cleanup)
-        self.dir = pathlib.Path(self.tmp.name)
-
-    def copy(self, name, to=None):
-        path = self.dir / (to or name)
-        shutil.copyfile(EXAMPLES / name, path)
-        return path
-
+class Upgrade(InTemporaryFolder):
     def test_every_example_upgrades_and_converts_to_its_golden_document(self):
         out = self.dir / "out"
         result = run("upgrade", "-o", out, EXAMPLES)
@@ -47,7 +26,7 @@ class Upgrade(unittest.TestCase):
             with self.subTest(name=name):
                 converted = run(out / name)
                 self.assertEqual(converted.returncode, 0, converted.stderr)
-                self.assertEqual(converted.stdout, (GOLDEN / (name + ".xml")).read_bytes())
+                self.assertEqual(converted.stdout, golden(name))
 
     def test_old_versions_become_the_newest(self):
         old = self.copy("car_paint_v1.numat")
@@ -78,12 +57,11 @@ class Upgrade(unittest.TestCase):
         result = run("upgrade", "--in-place", old)
         self.assertEqual(result.returncode, 0, result.stderr)
         self.assertEqual(old.read_bytes()[:4], NEWEST_MATERIAL_FILE)
-        self.assertEqual(run(old).stdout, (GOLDEN / "car_paint_v2.talmat.xml").read_bytes())
+        self.assertEqual(run(old).stdout, golden("car_paint_v2.talmat"))
         self.assertEqual(sorted(p.name for p in self.dir.iterdir()), [old.name])
 
     def test_damaged_text_and_unreadable_inputs_fail_alone_and_leave_nothing(self):
-        cut = self.dir / "cut.talmat"
-        cut.write_bytes((EXAMPLES / "car_paint_v2.talmat").read_bytes()[:250])
+        cut = self.cut()
         good = self.copy("wood_floor.talmat")
         out = self.dir / "out"
         result = run("upgrade", "-j2", "-o", out, cut, EXAMPLES / "hand_written.talmat", self.dir / "gone.talopt", good)
