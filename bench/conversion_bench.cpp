@@ -210,6 +210,26 @@ bool reportAllocations(const fs::path& dir)
     return ok;
 }
 
+#ifdef CINDREL_MODULE_DIR
+// Runs a script in a fresh interpreter with the module's folder and the input as its arguments, and
+// reads back the `count` numbers it prints, the last of them above zero; none, and a message naming
+// `what`, when it did not run.
+std::vector<double> pythonNumbers(const std::string& script, const fs::path& input, std::size_t count,
+                                  const char* what)
+{
+    const fs::path report = input.parent_path() / "python.txt";
+    const RunResult run =
+        runProgram({CINDREL_MODULE_PYTHON, "-c", script, CINDREL_MODULE_DIR, input.string()}, report.string());
+    std::vector<double> numbers(count);
+    std::ifstream in(report);
+    bool ok = run.status == 0;
+    for (double& number : numbers) ok = ok && static_cast<bool>(in >> number);
+    if (ok && numbers.back() > 0) return numbers;
+    std::fprintf(stderr, "conversion_bench: the Python command did not run on %s\n", what);
+    return {};
+}
+#endif
+
 // getTalmatXml in a fresh interpreter: its time, and its peak memory above the interpreter's own
 // before the call, against the text it returns and against xmllint's time on that text. The peak is
 // the memory's own high-water mark, which starts anew with the program (the usage counters keep
@@ -217,7 +237,6 @@ bool reportAllocations(const fs::path& dir)
 bool reportPythonCommand(const fs::path& input, double parseSeconds)
 {
 #ifdef CINDREL_MODULE_DIR
-    const fs::path report = input.parent_path() / "python.txt";
     const std::string script =
         "import sys, time\n"
         "sys.path.insert(0, sys.argv[1])\n"
@@ -232,14 +251,9 @@ bool reportPythonCommand(const fs::path& input, double parseSeconds)
         "after = peak()\n"
         "size = len(text.encode('utf-8'))\n"
         "print('%f %d %d' % (seconds, (after - before) * 1024 - size, size))\n";
-    const RunResult run =
-        runProgram({CINDREL_MODULE_PYTHON, "-c", script, CINDREL_MODULE_DIR, input.string()}, report.string());
-    double seconds = 0, extra = 0, size = 0;
-    std::ifstream in(report);
-    if (run.status != 0 || !(in >> seconds >> extra >> size) || size <= 0) {
-        std::fprintf(stderr, "conversion_bench: the Python command did not run\n");
-        return false;
-    }
+    const std::vector<double> numbers = pythonNumbers(script, input, 3, "the generated library");
+    if (numbers.empty()) return false;
+    const double seconds = numbers[0], extra = numbers[1], size = numbers[2];
     // The returned str is a text of one byte a character here: its size is its UTF-8 size.
     const bool timeOk = seconds < 0.15 * parseSeconds;
     const bool memoryOk = extra < 1.5 * size;
@@ -262,7 +276,6 @@ bool reportSmallPythonCall(const fs::path& dir)
 {
 #ifdef CINDREL_MODULE_DIR
     const fs::path input = dir / "one_material.talmat";
-    const fs::path report = dir / "small_call.txt";
     if (!writeGeneratedLibrary(input, 1)) return false;
     const std::string script =
         "import sys, timeit\n"
@@ -277,14 +290,9 @@ bool reportSmallPythonCall(const fs::path& dir)
         "call = lambda: Cindrel.getTalmatXml(path)\n"
         "call()\n"
         "print('%f %f' % (best(call), best(read)))\n";
-    const RunResult run =
-        runProgram({CINDREL_MODULE_PYTHON, "-c", script, CINDREL_MODULE_DIR, input.string()}, report.string());
-    double call = 0, read = 0;
-    std::ifstream in(report);
-    if (run.status != 0 || !(in >> call >> read) || read <= 0) {
-        std::fprintf(stderr, "conversion_bench: the Python command did not run on the one-material file\n");
-        return false;
-    }
+    const std::vector<double> numbers = pythonNumbers(script, input, 2, "the one-material file");
+    if (numbers.empty()) return false;
+    const double call = numbers[0], read = numbers[1];
     const bool ok = call < read;
     std::printf("getTalmatXml, one material %6.1f us = %.2fx opening and reading the file (target: below 1x)  %s\n",
                 call * 1e6, call / read, ok ? "ok" : "OVER TARGET");
@@ -299,8 +307,8 @@ bool reportSmallPythonCall(const fs::path& dir)
 
 int main(int argc, char** argv)
 {
-    // For instruction counts: a library written, or one file converted once into the sink; or the
-    // allocation counts alone.
+    // For instruction counts: a library written, or one file converted into the sink; or one of
+    // the reports alone.
     const std::string mode = argc > 1 ? argv[1] : "";
     if (mode == "--write" && argc == 4) return writeGeneratedLibrary(argv[3], std::atoi(argv[2])) ? 0 : 1;
     if (mode == "--convert" && (argc == 3 || argc == 4)) {
@@ -310,20 +318,16 @@ int main(int argc, char** argv)
             convertIntoPieces(argv[2], sink);
         return sink.taken > 0 ? 0 : 1;
     }
-    if (mode == "--allocations" && argc == 2) {
-        const fs::path dir = fs::temp_directory_path() / "cindrel_allocation_count";
+    // A report alone, in a folder of its own made for it.
+    const auto alone = [](const char* folder, bool (*report)(const fs::path&)) {
+        const fs::path dir = fs::temp_directory_path() / folder;
         fs::create_directories(dir);
-        const bool ok = reportAllocations(dir);
+        const bool ok = report(dir);
         fs::remove_all(dir);
         return ok ? 0 : 1;
-    }
-    if (mode == "--small-call" && argc == 2) {
-        const fs::path dir = fs::temp_directory_path() / "cindrel_small_call";
-        fs::create_directories(dir);
-        const bool ok = reportSmallPythonCall(dir);
-        fs::remove_all(dir);
-        return ok ? 0 : 1;
-    }
+    };
+    if (mode == "--allocations" && argc == 2) return alone("cindrel_allocation_count", reportAllocations);
+    if (mode == "--small-call" && argc == 2) return alone("cindrel_small_call", reportSmallPythonCall);
     if (mode == "--in-process" && argc == 3) {
         const std::string xml = materialFileToXml(fs::path(argv[2]).u16string());
         return reportConversionIntoPieces(argv[2], xml) ? 0 : 1;
