@@ -29,23 +29,17 @@ PopulatedText::~PopulatedText()
 
 void PopulatedText::append(std::string_view bytes)
 {
-    if (plain || (base == nullptr && fallback.size() + bytes.size() <= smallText)) {
-        fallback.append(bytes);
-        return;
-    }
-    if (base == nullptr) {
+    if (!plain && base == nullptr && fallback.size() + bytes.size() > smallText) {
         // The text outgrows a plain string: what it holds so far moves into the mapped region.
         grow(fallback.size() + bytes.size());
-        if (plain) {
-            fallback.append(bytes);
-            return;
+        if (base != nullptr) {
+            std::memcpy(base, fallback.data(), fallback.size());
+            used = fallback.size();
+            std::string().swap(fallback);
         }
-        std::memcpy(base, fallback.data(), fallback.size());
-        used = fallback.size();
-        std::string().swap(fallback);
     }
-    if (used + bytes.size() > populated) grow(used + bytes.size());
-    if (plain) {
+    if (base != nullptr && used + bytes.size() > populated) grow(used + bytes.size());
+    if (base == nullptr) {
         fallback.append(bytes);
         return;
     }
@@ -53,9 +47,20 @@ void PopulatedText::append(std::string_view bytes)
     used += bytes.size();
 }
 
+void PopulatedText::take(std::string& text)
+{
+    if (base == nullptr && fallback.empty() && text.size() <= smallText) {
+        fallback.swap(text);  // a first small text is kept as it stands
+        text.clear();
+        return;
+    }
+    append(text);
+    text.clear();
+}
+
 std::string_view PopulatedText::view() const
 {
-    return plain || base == nullptr ? std::string_view(fallback) : std::string_view(base, used);
+    return base == nullptr ? std::string_view(fallback) : std::string_view(base, used);
 }
 
 void PopulatedText::grow(std::size_t needed)

@@ -19,6 +19,8 @@ public:
 
     // Throws std::bad_alloc when the memory cannot be had.
     void append(std::string_view bytes);
+    // The same for a text that is then left empty; a first small text is kept with no copy.
+    void take(std::string& text);
     std::string_view view() const;
 
 private:

@@ -63,24 +63,18 @@ public:
     void take(std::string& text, bool last, PyThreadState*& /*released*/) override
     {
         if (text.empty() || (!last && text.size() < DocumentPieces::pieceSize)) return;
-        if (last && utf8.view().empty()) {
-            whole.swap(text);  // a document of one piece is made into the str as it stands
-            return;
-        }
-        utf8.append(text);
-        text.clear();
+        utf8.take(text);
     }
 
     PyObject* finish() override
     {
-        std::string_view text = whole.empty() ? utf8.view() : std::string_view(whole);
+        std::string_view text = utf8.view();
         text = text.substr(0, text.find('\0'));
         return PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), "surrogatepass");
     }
 
 private:
     PopulatedText utf8;
-    std::string whole;
 };
 
 }  // namespace

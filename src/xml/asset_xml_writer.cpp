@@ -532,12 +532,6 @@ void AssetXmlWriter::parameterEnd()
     lineAscii("</parameter>");
 }
 
-void AssetXmlWriter::inlineValueHead(std::string_view opening, const XmlText& name, std::string_view handler,
-                                     const XmlText& label, bool isUserData)
-{
-    noneListHead(opening, name, handler, label, isUserData, true);
-}
-
 void AssetXmlWriter::inlineValueEnd()
 {
     --indentLevel;
@@ -568,42 +562,42 @@ void AssetXmlWriter::blockValueEnd()
 
 void AssetXmlWriter::writeFloat(XmlText name, float value, XmlText label, bool isUserData)
 {
-    inlineValueHead(floatHead, name, byDefault, label, isUserData);
+    noneListHead(floatHead, name, byDefault, label, isUserData, true);
     putFloat(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeInt(XmlText name, int32_t value, XmlText label, bool isUserData)
 {
-    inlineValueHead(integerHead, name, byDefault, label, isUserData);
+    noneListHead(integerHead, name, byDefault, label, isUserData, true);
     putInt(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeBool(XmlText name, bool value, XmlText label, bool isUserData)
 {
-    inlineValueHead(boolHead, name, byDefault, label, isUserData);
+    noneListHead(boolHead, name, byDefault, label, isUserData, true);
     putChar(value ? '1' : '0');
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeString(XmlText name, XmlText value, XmlText label, bool isUserData)
 {
-    inlineValueHead(stringHead, name, byDefault, label, isUserData);
+    noneListHead(stringHead, name, byDefault, label, isUserData, true);
     putText(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeFileString(XmlText name, XmlText value, XmlText label, bool isUserData)
 {
-    inlineValueHead(stringHead, name, byFileBrowser, label, isUserData);
+    noneListHead(stringHead, name, byFileBrowser, label, isUserData, true);
     appendEscaped(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writePluginName(XmlText name, XmlText value, XmlText label)
 {
-    inlineValueHead(pluginHead, name, byDefault, label, false);
+    noneListHead(pluginHead, name, byDefault, label, false, true);
     putText(value);
     inlineValueEnd();
 }

@@ -130,9 +130,7 @@ private:
                       bool isUserData, bool withValue);
     void parameterEnd();
     void endOperation();
-    // `<value>`text`</value>` then the parameter's end; the caller appends the text.
-    void inlineValueHead(std::string_view opening, const XmlText& name, std::string_view handler,
-                         const XmlText& label, bool isUserData);
+    // "</value>" behind the value's text, then the parameter's end.
     void inlineValueEnd();
     void blockValueStart();
     void blockValueEnd();
