@@ -284,7 +284,7 @@ void AssetXmlWriter::putText(const XmlText& text)
 
 [[gnu::always_inline]] inline void AssetXmlWriter::putFloat(float value)
 {
-    staged += formatFloat(room(floatTextSize), value);
+    staged += floatTexts.write(room(FloatTexts::textRoom), value);
 }
 
 [[gnu::always_inline]] inline void AssetXmlWriter::putInt(int32_t value)

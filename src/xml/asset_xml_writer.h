@@ -13,6 +13,7 @@
 #include "archive/value_types.h"
 #include "records/serializable.h"
 #include "xml/frame_store.h"
+#include "xml/number_text.h"
 #include "xml/parameter_heads.h"
 #include "xml/xml_text.h"
 
@@ -165,6 +166,7 @@ private:
     Utf8FlushSink utf8FlushSink;
     FrameStore::Lent frameStore{loneSurrogates};
     ParameterHeads& heads = ParameterHeads::ofThisThread();
+    FloatTexts& floatTexts = FloatTexts::ofThisThread();
     std::size_t staged = 0;
     char stage[stageSize];
 };

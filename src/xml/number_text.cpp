@@ -122,4 +122,19 @@ void appendFloat(std::string& out, double value) { appendFloatTo(out, value); }
 void appendInt(std::u16string& out, int32_t value) { appendIntTo(out, value); }
 void appendInt(std::string& out, int32_t value) { appendIntTo(out, value); }
 
+FloatTexts& FloatTexts::ofThisThread()
+{
+    thread_local FloatTexts texts;
+    return texts;
+}
+
+void FloatTexts::make(Slot& slot, uint32_t bits, float value)
+{
+    char text[floatTextSize];
+    const std::size_t size = floatText(text, value);
+    std::memcpy(slot.text, text, textRoom);
+    slot.size = static_cast<uint32_t>(size);
+    slot.bits = bits;
+}
+
 }  // namespace TalvexCore

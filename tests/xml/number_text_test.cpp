@@ -97,15 +97,20 @@ std::vector<double> hardValues()
 }  // namespace
 
 // Every finite value prints as the classic %g with a three-digit exponent; the non-finite values
-// print as they always have.
+// print as they always have. A float's kept text is its text, however many values share a slot.
 TEST(NumberText, FloatTextIsTheClassicGeneralFormat)
 {
     int failures = 0;
+    FloatTexts& kept = FloatTexts::ofThisThread();
     for (double value : hardValues()) {
         const std::string expected = classicFloatText(value);
         const std::string text = formatFloat(value);
         std::string appended = "<";
         appendFloat(appended, value);
+        const auto single = static_cast<float>(value);
+        char keptText[FloatTexts::textRoom];
+        if (static_cast<double>(single) == value && std::string(keptText, kept.write(keptText, single)) != expected)
+            appended += " kept as " + std::string(keptText, kept.write(keptText, single));
         if (text != expected || appended != "<" + expected) {
             ADD_FAILURE() << std::hexfloat << value << ": " << text << " / " << appended << ", expected " << expected;
             if (++failures == 20) break;
@@ -113,8 +118,11 @@ TEST(NumberText, FloatTextIsTheClassicGeneralFormat)
     }
     const double inf = std::numeric_limits<double>::infinity();
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    for (const auto& [value, text] : {std::pair{inf, "inf"}, {-inf, "-inf"}, {nan, "nan"}, {-nan, "-nan"}})
+    for (const auto& [value, text] : {std::pair{inf, "inf"}, {-inf, "-inf"}, {nan, "nan"}, {-nan, "-nan"}}) {
         EXPECT_EQ(formatFloat(value), text);
+        char keptText[FloatTexts::textRoom];
+        EXPECT_EQ(std::string(keptText, kept.write(keptText, static_cast<float>(value))), text);
+    }
 }
 
 // A process locale with a decimal comma and digit grouping changes nothing in the XML.
