@@ -59,9 +59,7 @@ TEST_F(WrapperMaterials, NewestRecordsRoundTripAndCompare)
     for (const NewestRecord& record : newestWrapperRecords()) {
         SCOPED_TRACE(record.id);
         const ByteBuilder bytes = ByteBuilder().tag(record.version).append(record.bytes);
-        bool ok = false;
-        const MaterialPtr material = loadMaterial(record.id, bytes, ok);
-        ASSERT_TRUE(ok);
+        const MaterialPtr material = loadAs<BaseMaterial>(record.id, bytes);
         EXPECT_EQ(material->typeId(), record.id);
         EXPECT_EQ(bytesOf(*material), bytes.bytes);
         EXPECT_TRUE(material->isEqual(material->clone()));
@@ -95,29 +93,20 @@ TEST_F(WrapperMaterials, AnInnerMaterialWithoutANameSettlesAfterOneRoundTrip)
 TEST_F(WrapperMaterials, RecordOrderReachesTheRightFields)
 {
     const auto records = newestWrapperRecords();
-    auto env = loadAsClass<MaterialOverrideEnvironment>(8, ByteBuilder().tag(1).append(records[8].bytes));
-    EXPECT_EQ(acolorOf(env->bg_tex), (AColor{1, 0, 0, 1}));
-    EXPECT_EQ(acolorOf(env->gi_tex), (AColor{0, 1, 0, 1}));
-    EXPECT_EQ(env->reflect_tex, nullptr);
-    EXPECT_EQ(env->bg_color, (Color{0.1f, 0.1f, 0.1f}));
-    EXPECT_EQ(env->gi_tex_mult, 0.6f);
-    EXPECT_TRUE(env->override_bg && !env->override_gi && env->override_reflect);
-    EXPECT_EQ(env->name, u"Env");
+    auto env = loadAs<MaterialOverrideEnvironment>(8, ByteBuilder().tag(1).append(records[8].bytes));
+    EXPECT_EQ(std::tuple(acolorOf(env->bg_tex), acolorOf(env->gi_tex), env->reflect_tex, env->bg_color, env->gi_tex_mult),
+              std::tuple(AColor{1, 0, 0, 1}, AColor{0, 1, 0, 1}, nullptr, Color{0.1f, 0.1f, 0.1f}, 0.6f));
+    EXPECT_TRUE(env->override_bg && !env->override_gi && env->override_reflect && env->name == u"Env");
 
-    auto toon = loadAsClass<MaterialToon>(14, ByteBuilder().tag(2).append(records[7].bytes));
-    EXPECT_EQ(toon->width, 2);
-    EXPECT_EQ(acolorOf(toon->width_tex), (AColor{1, 0, 0, 1}));
-    EXPECT_EQ(toon->distort_tex, nullptr);
-    EXPECT_EQ(toon->color, (Color{1, 0, 0}));
-    EXPECT_EQ(toon->line_units, 2);
+    auto toon = loadAs<MaterialToon>(14, ByteBuilder().tag(2).append(records[7].bytes));
+    EXPECT_EQ(std::tuple(toon->width, acolorOf(toon->width_tex), toon->distort_tex, toon->color, toon->line_units),
+              std::tuple(2.0f, AColor{1, 0, 0, 1}, nullptr, Color{1, 0, 0}, 2.0f));
     EXPECT_TRUE(!toon->do_secondary && toon->divide_by_distance && toon->do_silhouette_mult);
     EXPECT_EQ(toon->silhouette_mult, 2.5f);
 
-    auto sided = loadAsClass<Material2Sided>(5, ByteBuilder().tag(3).append(records[0].bytes));
-    EXPECT_EQ(sided->front->name, u"Front");
-    EXPECT_EQ(sided->back->name, u"Back");
-    EXPECT_EQ(sided->transparency, (Color{0.4f, 0.5f, 0.6f}));
-    EXPECT_EQ(sided->uuid, u"u-5");
+    auto sided = loadAs<Material2Sided>(5, ByteBuilder().tag(3).append(records[0].bytes));
+    EXPECT_EQ(std::tuple(sided->front->name, sided->back->name, sided->transparency, sided->uuid),
+              std::tuple(u"Front", u"Back", Color{0.4f, 0.5f, 0.6f}, u"u-5"));
 }
 
 // The example library holds the oldest record of each wrapper; these are what its documents do not
@@ -135,13 +124,13 @@ TEST_F(WrapperMaterials, OldRecordsKeepWhatTheyLackAndTakeBareNames)
     EXPECT_EQ(sided->name, defaultName);
     EXPECT_TRUE(sided->force_1sided);
 
-    auto v2 = loadAsClass<MaterialBump>(
+    auto v2 = loadAs<MaterialBump>(
         3, ByteBuilder().tag(2).str("").f32(0.5f).append(child(1, 0, 0)).append(layeredEntry("Core")));
     EXPECT_EQ(v2->name, u"");
     auto taken = std::make_shared<MaterialLayeredBRDF>();
     taken->name = u"Stone";
     ASSERT_TRUE(sceneMaterials()->addMaterial(taken));
-    auto v1 = loadAsClass<MaterialBump>(
+    auto v1 = loadAs<MaterialBump>(
         3, ByteBuilder().tag(1).str("Stone").str("maps/stone.png").f32(0.7f).append(layeredEntry("Core")));
     EXPECT_EQ(v1->name, u"Stone1");
 
@@ -153,23 +142,14 @@ TEST_F(WrapperMaterials, OldRecordsKeepWhatTheyLackAndTakeBareNames)
 TEST_F(WrapperMaterials, RefusedTagsAndUnknownChildrenFailTheLoad)
 {
     for (uint32_t id : {3u, 5u, 7u, 8u, 9u, 10u, 11u, 12u, 14u}) {
-        SCOPED_TRACE(id);
-        bool ok = true;
-        loadMaterial(id, ByteBuilder().u32(0x10001), ok);
-        EXPECT_FALSE(ok);
-        loadMaterial(id, ByteBuilder().tag(9), ok);
-        EXPECT_FALSE(ok);
+        EXPECT_FALSE(load(*createMaterial(id), ByteBuilder().u32(0x10001))) << id;
+        EXPECT_FALSE(load(*createMaterial(id), ByteBuilder().tag(9))) << id;
     }
-    bool ok = true;
-    // A texture of an unknown type id, and a material of one.
-    loadMaterial(11, ByteBuilder().tag(1).append(materialBase("A")).append(layeredSlot("Core")).boolean(true).u32(99),
-                 ok);
-    EXPECT_FALSE(ok);
-    loadMaterial(12, ByteBuilder().tag(1).append(materialBase("A")).boolean(true).u32(15), ok);
-    EXPECT_FALSE(ok);
-    // A base record with a refused tag ends the load.
-    loadMaterial(7, ByteBuilder().tag(1).u32(0x20001), ok);
-    EXPECT_FALSE(ok);
+    // A texture of an unknown type id, a material of one, and a base record with a refused tag.
+    EXPECT_FALSE(load(*createMaterial(11), ByteBuilder().tag(1).append(materialBase("A")).append(layeredSlot("Core"))
+                                               .boolean(true).u32(99)));
+    EXPECT_FALSE(load(*createMaterial(12), ByteBuilder().tag(1).append(materialBase("A")).boolean(true).u32(15)));
+    EXPECT_FALSE(load(*createMaterial(7), ByteBuilder().tag(1).u32(0x20001)));
 }
 
 // Resets restore the table's defaults; only the bump material takes a new name and drops its uuid.
