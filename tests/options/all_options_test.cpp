@@ -6,7 +6,6 @@
 
 #include "options/options_test_support.h"
 #include "textures/acolor_texture.h"
-#include "textures/bitmap_texture.h"
 
 namespace TalvexTest {
 namespace {

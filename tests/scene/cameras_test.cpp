@@ -4,7 +4,6 @@
 
 #include <tuple>
 
-#include "archive/text_conversion.h"
 #include "scene/base_camera.h"
 #include "scene/physical_camera.h"
 #include "scene/render_view.h"

@@ -10,7 +10,6 @@
 #include "scene/rectangle_light.h"
 #include "scene/sphere_light.h"
 #include "scene/spot_light.h"
-#include "scene/sun_light.h"
 #include "support/byte_builder.h"
 #include "textures/texture_test_support.h"
 

@@ -1,4 +1,5 @@
-"""The cindrel command: output, folders, messages and exit status."""
+"""The cindrel command: output, folders, messages, usage and exit status, and its inspection."""
+import json
 import unittest
 
 from command_fixture import EXAMPLES, InTemporaryFolder, golden, header, run
@@ -28,12 +29,31 @@ class Command(InTemporaryFolder):
         self.assertIn(b"README.md: not a material or options file", result.stderr)
 
     def test_usage(self):
-        for args, status in [((), 2), (("--bogus", "x.talmat"), 2), (("inspect",), 2),
-                             (("inspect", "--bogus", EXAMPLES), 2), (("--help",), 0)]:
+        for args in [(), ("--bogus", "x.talmat"), ("inspect",), ("inspect", "--bogus", EXAMPLES), ("upgrade",),
+                     ("upgrade", "a.talmat"), ("upgrade", "a.talmat", "b.talmat", "c.talmat"),
+                     ("upgrade", "--in-place", "-o", self.dir, "a.talmat")]:
             with self.subTest(args=args):
-                self.assertEqual(run(*args).returncode, status)
-        self.assertIn(b"Usage: cindrel", run("--help").stdout)
+                self.assertEqual(run(*args).returncode, 2)
+        for args, usage in [(("--help",), b"Usage: cindrel"), (("upgrade", "--help"), b"cindrel upgrade IN OUT")]:
+            help_ = run(*args)
+            self.assertEqual(help_.returncode, 0)
+            self.assertIn(usage, help_.stdout)
         self.assertRegex(run("--version").stdout.decode(), r"^cindrel \d+\.\d+\.\d+\n$")
+
+    def test_inspect_reports_each_file_and_fails_on_damage(self):
+        whole = run("inspect", EXAMPLES)
+        self.assertEqual(whole.returncode, 0, whole.stderr)
+        self.assertIn("single_layer.talmat: material file, version 3", whole.stdout.decode())
+        cut = self.cut(example="single_layer.talmat", length=200)
+        text = run("inspect", cut)
+        self.assertEqual(text.returncode, 1)
+        self.assertIn("the load stops in material 2 (MtlTALVEX)", text.stdout.decode())
+        lines = run("inspect", "--json", cut, EXAMPLES / "default_settings.nuopt")
+        self.assertEqual(lines.returncode, 1)
+        damaged, options = [json.loads(line) for line in lines.stdout.decode().splitlines()]
+        self.assertTrue(damaged["failed"])
+        self.assertEqual(damaged["objects"][1]["class"], "MtlTALVEX")
+        self.assertEqual((options["kind"], options["failed"]), ("options", False))
 
 
 if __name__ == "__main__":
