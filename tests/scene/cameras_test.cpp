@@ -67,7 +67,7 @@ TEST(PhysicalCamera, FactoryAndPluginReference)
     ASSERT_TRUE(camera && !createCamera(1));
 
     const std::string text = textOf([&](AssetXmlWriter& w) { w.writePlugin("camera", camera, u"/scene/cam"); });
-    EXPECT_NE(text.find("<value>/scene/cam/CameraPhysical</value>"), std::string::npos) << text;
+    EXPECT_TRUE(has(text, "<value>/scene/cam/CameraPhysical</value>")) << text;
     EXPECT_EQ(textOf([&](AssetXmlWriter& w) { camera->writeXml(w, u"/x"); }), "");
 }
 
@@ -118,8 +118,9 @@ TEST(RenderView, EveryRecordVersion)
     transform(v3.tag(1).i32(1).i32(8).f64(0.5), 1, 9);
     RenderView third;
     ASSERT_TRUE(load(third, v3));
-    EXPECT_EQ(std::tuple(third.fieldOfView.keyCount(), third.fieldOfView.valueAt(1.0)), std::tuple(2, 0.65f));
-    EXPECT_EQ(std::tuple(third.viewTransform.keyCount(), third.viewTransform.keyTime(0)), std::tuple(1, 0.5));
+    EXPECT_EQ(std::tuple(third.fieldOfView.keyCount(), third.fieldOfView.valueAt(1.0), third.viewTransform.keyCount(),
+                         third.viewTransform.keyTime(0)),
+              std::tuple(2, 0.65f, 1, 0.5));
     EXPECT_EQ(bytesOf(third), v3.bytes);
     EXPECT_TRUE(*readFrom<RenderView>(v3) == third);
 
@@ -127,8 +128,7 @@ TEST(RenderView, EveryRecordVersion)
     ByteBuilder damaged;
     rect(damaged.tag(3), 0, 0, 0, 0);
     rect(damaged, 0, 0, 0, 0).i32(1).i32(1).tag(1).i32(1).i32(4);
-    EXPECT_FALSE(readFrom<RenderView>(damaged));
-    EXPECT_FALSE(readFrom<RenderView>(ByteBuilder().tag(4)));
+    EXPECT_FALSE(readFrom<RenderView>(damaged) || readFrom<RenderView>(ByteBuilder().tag(4)));
 }
 
 TEST(RenderView, AssetShowsTheImageSize)
