@@ -230,11 +230,19 @@ void QuickArchive::readStringStepwise(std::string& s, uint64_t n)
     s = std::move(bytes);
 }
 
+// Decoded into the string's own room, from the block itself where the text lies in one.
 void QuickArchive::readWString(std::u16string& s)
 {
+    uint64_t n = 0;
+    readCount(n);
+    s.clear();
+    if (const char* text = textInBlock(n)) {
+        appendNarrowAsWide(s, std::string_view(text, n));
+        return;
+    }
     std::string narrow;
-    readString(narrow);
-    s = narrowToWide(narrow);
+    readStringStepwise(narrow, n);
+    appendNarrowAsWide(s, narrow);
 }
 
 void QuickArchive::readRaw(void* data, std::size_t n)

@@ -102,13 +102,9 @@ public:
     {
         uint64_t n = 0;
         readCount(n);
-        const uint64_t index = readCursor >> 12;
-        const uint64_t offset = readCursor & (BlockSize - 1);
-        if (index < blocks.size() && offset + n <= BlockSize) {
-            const char* text = reinterpret_cast<const char*>(blocks[index]->data() + offset);
+        if (const char* text = textInBlock(n)) {
             const void* zero = __builtin_memchr(text, 0, n);
             s.assign(text, zero ? static_cast<std::size_t>(static_cast<const char*>(zero) - text) : n);
-            readCursor += n;
             return;
         }
         readStringStepwise(s, n);
@@ -207,6 +203,16 @@ private:
     // Stored bytes from the read cursor, up to n, copied out; the cursor moves by n.
     std::string readStoredBytes(uint64_t n);
     void readStringStepwise(std::string& s, uint64_t n);
+    // The n bytes at the read cursor where they lie in one stored block, the cursor moving past
+    // them; null, the cursor unmoved, where they do not.
+    const char* textInBlock(uint64_t n)
+    {
+        const uint64_t index = readCursor >> 12;
+        const uint64_t offset = readCursor & (BlockSize - 1);
+        if (index >= blocks.size() || offset + n > BlockSize) return nullptr;
+        readCursor += n;
+        return reinterpret_cast<const char*>(blocks[index]->data() + offset);
+    }
 
     void readFloats(float* dest, std::size_t count)
     {

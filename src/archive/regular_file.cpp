@@ -16,7 +16,9 @@
 #include <cstring>
 #endif
 
-#include <ext/stdio_filebuf.h>
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
 
 #include "archive/file_path.h"
 #include "archive/text_conversion.h"
@@ -31,6 +33,76 @@ constexpr int notRegularFile = -1;
 // Not a Windows error number either: the path names a folder, which opened.
 constexpr int folderNotFile = -2;
 #endif
+
+#ifdef _WIN32
+int readSome(int fd, char* into, std::size_t size) { return ::_read(fd, into, static_cast<unsigned>(size)); }
+int64_t seekTo(int fd, int64_t offset, int whence) { return ::_lseeki64(fd, offset, whence); }
+void closeDescriptor(int fd) { ::_close(fd); }
+#else
+ssize_t readSome(int fd, char* into, std::size_t size) { return ::read(fd, into, size); }
+int64_t seekTo(int fd, int64_t offset, int whence) { return ::lseek(fd, offset, whence); }
+void closeDescriptor(int fd) { ::close(fd); }
+#endif
+
+// Reads the descriptor straight through the system, with no C stream between: a small file
+// arrives in one read, and only a seek outside what was read last asks the system again.
+class DescriptorBuffer final : public std::streambuf {
+public:
+    DescriptorBuffer(int fd, int64_t fileSize)
+        : fd(fd),
+          // One byte more than the file, so that a file read whole is seen to end.
+          room(static_cast<std::size_t>(std::clamp<int64_t>(fileSize + 1, 1, int64_t{1} << 16))),
+          data(std::make_unique_for_overwrite<char[]>(room))
+    {
+        setg(data.get(), data.get(), data.get());
+    }
+    ~DescriptorBuffer() override { closeDescriptor(fd); }
+
+protected:
+    int_type underflow() override
+    {
+        if (gptr() == egptr()) {
+            start += egptr() - eback();
+            const auto got = readSome(fd, data.get(), room);
+            setg(data.get(), data.get(), data.get() + std::max<decltype(got)>(got, 0));
+            if (got <= 0) return traits_type::eof();
+        }
+        return traits_type::to_int_type(*gptr());
+    }
+
+    pos_type seekoff(off_type offset, std::ios_base::seekdir way, std::ios_base::openmode which) override
+    {
+        if (!(which & std::ios_base::in)) return pos_type(off_type(-1));
+        if (way == std::ios_base::end) return moveTo(seekTo(fd, offset, SEEK_END));
+        const int64_t target = way == std::ios_base::beg ? offset : start + (gptr() - eback()) + offset;
+        // Within what was read last: no call to the system.
+        if (target >= start && target <= start + (egptr() - eback())) {
+            setg(eback(), eback() + (target - start), egptr());
+            return pos_type(target);
+        }
+        return target < 0 ? pos_type(off_type(-1)) : moveTo(seekTo(fd, target, SEEK_SET));
+    }
+
+    pos_type seekpos(pos_type position, std::ios_base::openmode which) override
+    {
+        return seekoff(off_type(position), std::ios_base::beg, which);
+    }
+
+private:
+    // The system's position is now `at`: nothing read is kept.
+    pos_type moveTo(int64_t at)
+    {
+        if (at < 0) return pos_type(off_type(-1));
+        start = at;
+        setg(data.get(), data.get(), data.get());
+        return pos_type(at);
+    }
+
+    int fd;
+    std::size_t room;
+    std::unique_ptr<char[]> data;
+    int64_t start = 0;  // where in the file the buffer's first byte lies
+};
 
 }  // namespace
 
@@ -73,7 +145,8 @@ RegularFile::RegularFile(const std::u16string& path)
         ::CloseHandle(handle);
         return;
     }
-    buffer = std::make_unique<__gnu_cxx::stdio_filebuf<char>>(fd, std::ios::in | std::ios::binary);
+    buffer = std::make_unique<DescriptorBuffer>(fd, static_cast<int64_t>(information.nFileSizeHigh) << 32 |
+                                                        information.nFileSizeLow);
     in.rdbuf(buffer.get());
 }
 
@@ -98,7 +171,7 @@ RegularFile::RegularFile(const std::string& fileName)
         return;
     }
     // O_NONBLOCK stays: it changes nothing in the reading of a regular file.
-    buffer = std::make_unique<__gnu_cxx::stdio_filebuf<char>>(fd, std::ios::in | std::ios::binary);
+    buffer = std::make_unique<DescriptorBuffer>(fd, static_cast<int64_t>(status.st_size));
     in.rdbuf(buffer.get());
 }
 

@@ -24,13 +24,6 @@ std::u16string_view upToZero(std::u16string_view s)
     return zero == std::u16string_view::npos ? s : s.substr(0, zero);
 }
 
-bool isAscii(std::string_view s)
-{
-    for (unsigned char c : s)
-        if (c >= 0x80) return false;
-    return true;
-}
-
 void appendCodePoint(std::u16string& out, char32_t cp)
 {
     if (cp < 0x10000) {
@@ -110,15 +103,19 @@ void encodeUtf8(char32_t cp, std::string& out)
 
 void appendNarrowAsWide(std::u16string& out, std::string_view narrow)
 {
-    narrow = upToZero(narrow);
-    if (isAscii(narrow)) {
-        // Widened in place: appending the range would build a temporary string first.
-        const std::size_t start = out.size();
-        out.resize(start + narrow.size());
-        for (std::size_t i = 0; i < narrow.size(); ++i) out[start + i] = static_cast<unsigned char>(narrow[i]);
+    // Widened in place in one pass, up to a zero, as long as the text is ASCII; most text is.
+    const std::size_t start = out.size();
+    out.resize(start + narrow.size());
+    char16_t* const wide = out.data() + start;
+    std::size_t ascii = 0;
+    for (unsigned char c; ascii < narrow.size() && (c = static_cast<unsigned char>(narrow[ascii])) - 1u < 0x7Fu; ++ascii)
+        wide[ascii] = c;
+    if (ascii == narrow.size() || narrow[ascii] == '\0') {
+        out.resize(start + ascii);
         return;
     }
-    const std::size_t start = out.size();
+    out.resize(start);
+    narrow = upToZero(narrow);
     if (!decodeUtf8(narrow, out)) {
         out.resize(start);
         decodeCp1252(narrow, out);

@@ -32,6 +32,11 @@ void Base_BRDF::writeXml(AssetXmlWriter& /*writer*/, const std::u16string& /*url
 void Base_BRDF::resetBaseDefaults()
 {
     name = pluginType();
+    resetBaseFlags();
+}
+
+void Base_BRDF::resetBaseFlags()
+{
     layer_flag_1 = true;
     layer_flag_2 = false;
     layer_flag_3 = false;
@@ -50,8 +55,10 @@ bool Base_BRDF::writeBaseRecord(QuickArchive& out) const
 // Version 1 holds the name; each later version adds one flag.
 bool Base_BRDF::readBaseRecord(QuickArchive& in)
 {
-    resetBaseDefaults();
+    // A record read gives the name, so the default name is made only for a refused one.
     const auto version = readVersion(in, {1, 2, 3, 4});
+    if (!version) resetBaseDefaults();
+    else resetBaseFlags();
     if (version) {
         in.readWString(name);
         if (*version >= 2) in.readBool(layer_flag_1);

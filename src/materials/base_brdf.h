@@ -70,6 +70,7 @@ public:
 protected:
     // Name back to the class's plug-in type, flags to true, false, false.
     void resetBaseDefaults();
+    void resetBaseFlags();
     bool writeBaseRecord(QuickArchive& out) const;
     // Any version 1 to 4; the name loses its control characters also when the record fails.
     bool readBaseRecord(QuickArchive& in);

@@ -18,9 +18,9 @@ bool readLayers(QuickArchive& in, std::vector<BRDFPtr>& layers)
     return readCountedList(in, minimumLayerBytes, [&] {
         BRDFPtr layer;
         if (!readRequiredChild(in, layer)) return false;
-        layers.push_back(layer);
+        layers.push_back(std::move(layer));
         return true;
-    });
+    }, layers);
 }
 
 bool writeLayers(QuickArchive& out, const std::vector<BRDFPtr>& layers)

@@ -162,7 +162,7 @@ void writeOwnLayout(AssetXmlWriter& writer, const BaseMaterial& material, const 
     for (const XmlRow<M>& row : table)
         if (auto f = std::get_if<MaterialPtr M::*>(&row.field)) writeStandardLayout(writer, resolveReference(self.**f));
     writeRowTextures(writer, self, url, table);
-    writer.openAsset(url, self.assetType(), layout);
+    writer.openAsset(kept.xmlText(), self.assetType(), layout);
     writer.openPlugin(self.pluginType(), self.assetType());
     writer.openParameters();
     writeRowParameters(writer, self, url, table, InnerNaming::TopLevel);

@@ -167,12 +167,13 @@ std::u16string SceneMaterials::uniqueName(const std::u16string& name) const
 {
     std::size_t end = name.size();
     while (end > 0 && isWideDigit(name[end - 1])) --end;
-    const std::u16string base = name.substr(0, end);
-    std::u16string candidate = base;
-    for (uint64_t counter = 1; !isNameFree(candidate); ++counter)
-        candidate = base + narrowToWide(std::to_string(counter));
+    std::u16string candidate = name.substr(0, end);
+    for (uint64_t counter = 1; !isNameFree(candidate); ++counter) {
+        candidate.resize(end);
+        candidate += narrowToWide(std::to_string(counter));
+    }
     // The legal form is not tested again: it may be a name in use.
-    return legalizeName(candidate);
+    return legalizeName(std::move(candidate));
 }
 
 std::u16string SceneMaterials::legalizeName(std::u16string name)

@@ -131,11 +131,13 @@ bool writeChild(QuickArchive& out, const std::shared_ptr<T>& child)
 // A counted list: a count32, then each element as `readElement` reads it, stopping at the first that
 // fails. A count of more elements than the bytes left can hold, each at least `minimumBytes`,
 // fails the list before anything is read or made.
-template <class ReadElement>
-bool readCountedList(QuickArchive& in, uint64_t minimumBytes, ReadElement&& readElement)
+template <class ReadElement, class... Lists>
+bool readCountedList(QuickArchive& in, uint64_t minimumBytes, ReadElement&& readElement, Lists&... gathered)
 {
     uint64_t count = 0;
     if (!readListCount(in, count, minimumBytes)) return false;
+    // Lists the elements are gathered into take their room once: the count fits the bytes left.
+    (gathered.reserve(gathered.size() + static_cast<std::size_t>(count)), ...);
     for (uint64_t i = 0; i < count; ++i)
         if (!readElement()) return false;
     return true;

@@ -10,8 +10,8 @@ void AssetFrame::setChild(std::size_t index, const ChildSlot& slot)
     FrameStore::Entry& child = store[first + 1 + index];
     child.slot = slot;
     if (!slot.child) return;  // its parameter names nothing, so it needs no url
-    if (slot.urlWord) AssetUrl(store[first].url, slot.urlWord).assignTo(child.url);
-    else AssetUrl(store[first].url).assignTo(child.url);
+    if (slot.urlWord) store.name(first + 1 + index, AssetUrl(store[first].url, slot.urlWord));
+    else store.name(first + 1 + index, AssetUrl(store[first].url));
 }
 
 void AssetFrame::open(const TalvexXMLSerializable& self, XmlText layout)
@@ -22,7 +22,7 @@ void AssetFrame::open(const TalvexXMLSerializable& self, XmlText layout)
         if (child.slot.child) child.slot.child->writeXml(writer, child.url);
     }
     const std::u16string& assetType = self.assetType();
-    writer.openAsset(store[first].url, assetType, layout);
+    writer.openAsset(AssetXmlWriter::UrlText{store[first].urlText}, assetType, layout);
     writer.openPlugin(self.pluginType(), assetType);
     writer.openParameters();
 }
@@ -31,7 +31,7 @@ void AssetFrame::writeChildParameter(std::size_t index) const
 {
     if (index >= childCount) throw std::out_of_range("AssetFrame::writeChildParameter");
     const FrameStore::Entry& child = writer.frames()[first + 1 + index];
-    writer.writePlugin(child.slot.parameter, child.slot.child, child.url);
+    writer.writePlugin(child.slot.parameter, child.slot.child, AssetXmlWriter::UrlText{child.urlText});
 }
 
 void AssetFrame::writeChildParameters() const
@@ -48,7 +48,7 @@ void AssetFrame::close() const
 
 KeptUrl::KeptUrl(AssetXmlWriter& writer, AssetUrl url) : writer(writer), index(writer.frames().take(1))
 {
-    url.assignTo(writer.frames()[index].url);
+    writer.frames().name(index, url);
 }
 
 }  // namespace TalvexCore

@@ -33,7 +33,7 @@ public:
                std::size_t count, const SlotAt& slotAt)
         : writer(writer), first(writer.frames().take(1 + count)), childCount(count)
     {
-        url.assignTo(writer.frames()[first].url);
+        writer.frames().name(first, url);
         for (std::size_t i = 0; i < count; ++i) setChild(i, slotAt(i));
         open(self, layout);
     }
@@ -69,6 +69,8 @@ public:
 
     const std::u16string& text() const { return writer.frames()[index].url; }
     operator const std::u16string&() const { return text(); }
+    // The url as the XML gives it.
+    AssetXmlWriter::UrlText xmlText() const { return {writer.frames()[index].urlText}; }
 
 private:
     AssetXmlWriter& writer;

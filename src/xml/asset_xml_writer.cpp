@@ -383,7 +383,11 @@ void AssetXmlWriter::closeTag(XmlText tag)
     endOperation();
 }
 
-void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout)
+void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout) { openAssetAt(url, type, layout); }
+void AssetXmlWriter::openAsset(UrlText url, XmlText type, XmlText layout) { openAssetAt(url, type, layout); }
+
+template <class Url>
+void AssetXmlWriter::openAssetAt(const Url& url, XmlText type, XmlText layout)
 {
     ++indentLevel;
     indent();
@@ -604,6 +608,17 @@ void AssetXmlWriter::writePluginName(XmlText name, XmlText value, XmlText label)
 
 void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref, XmlText url, XmlText label)
 {
+    writePluginAt(name, ref, url, label);
+}
+
+void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref, UrlText url, XmlText label)
+{
+    writePluginAt(name, ref, url, label);
+}
+
+template <class Url>
+void AssetXmlWriter::writePluginAt(XmlText name, const TalvexXMLSerializable* ref, const Url& url, XmlText label)
+{
     noneListHead(pluginHead, name, byDefault, label, false, ref != nullptr);
     if (!ref) {
         parameterEnd();
@@ -777,6 +792,36 @@ std::u16string AssetXmlWriter::unescapeXml(std::u16string_view text)
     replaceAll(result, u"&gt;", u">");
     replaceAll(result, u"&amp;", u"&");
     return result;
+}
+
+bool AssetXmlWriter::appendUrlText(std::string& out, std::u16string_view url, LoneSurrogates loneSurrogates)
+{
+    // Most urls, and every url word, are short and need no escaping: one pass that gives up at the
+    // first character to escape, having kept nothing.
+    constexpr std::size_t shortUrl = 256;
+    if (url.size() <= shortUrl) {
+        char text[3 * shortUrl];
+        const char16_t* in = url.data();
+        const char16_t* const end = in + url.size();
+        const char* const textEnd = encodeWide<true, true>(in, end, end, text, loneSurrogates);
+        if (in == end || *in == 0) {
+            out.append(text, static_cast<std::size_t>(textEnd - text));
+            return in != end;
+        }
+    }
+    const std::size_t zero = url.find(u'\0');
+    const bool cut = zero != std::u16string_view::npos;
+    url = url.substr(0, zero);
+    std::u16string escaped;
+    if (needsEscaping(url)) url = escaped = escapeXml(url, true);
+    const std::size_t start = out.size();
+    out.resize(start + 3 * url.size());
+    const char16_t* in = url.data();
+    char* const begin = out.data() + start;
+    const char* const end =
+        encodeWide<false, false>(in, url.data() + url.size(), url.data() + url.size(), begin, loneSurrogates);
+    out.resize(start + static_cast<std::size_t>(end - begin));
+    return cut;
 }
 
 std::u16string AssetXmlWriter::escapeXml(std::u16string_view text, bool unescapeFirst)

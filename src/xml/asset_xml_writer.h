@@ -51,7 +51,12 @@ public:
     void closeTag(XmlText tag);
     void openAssets() { openTag("Assets"); }
     void closeAssets() { closeTag("Assets"); }
+    // A url already in the form the XML gives it (see appendUrlText).
+    struct UrlText {
+        std::string_view text;
+    };
     void openAsset(XmlText url, XmlText type, XmlText layout);
+    void openAsset(UrlText url, XmlText type, XmlText layout);
     void closeAsset();
     void openPlugin(XmlText name, XmlText type);
     void closePlugin();
@@ -68,6 +73,7 @@ public:
     // A plugin parameter naming the asset of `ref` at `url`: the url, then "/" and the object's
     // reference name, as its contract gives it. No object gives the parameter with no value.
     void writePlugin(XmlText name, const TalvexXMLSerializable* ref, XmlText url, XmlText label = {});
+    void writePlugin(XmlText name, const TalvexXMLSerializable* ref, UrlText url, XmlText label = {});
     template <class T>
         requires std::derived_from<T, TalvexXMLSerializable>
     void writePlugin(XmlText name, const std::shared_ptr<T>& ref, XmlText url, XmlText label = {})
@@ -95,6 +101,9 @@ public:
     static std::u16string escapeXml(std::u16string_view text, bool unescapeFirst);
     // "&lt;", "&gt;", then "&amp;", each pass going on behind what it inserted.
     static std::u16string unescapeXml(std::u16string_view text);
+    // A url as the XML gives it, appended to `out`: cut at its first zero, escaped as above, and
+    // UTF-8. Answers whether the url was cut.
+    static bool appendUrlText(std::string& out, std::u16string_view url, LoneSurrogates loneSurrogates);
     std::u16string indentText() const;
 
     // The urls of the assets being written, kept from one asset to the next.
@@ -140,6 +149,11 @@ private:
     void componentBlock(std::string_view opening, const XmlText& name, const TransformComponents& c,
                         const XmlText& label);
     void appendEscaped(const XmlText& text);
+    void appendEscaped(UrlText url) { put(url.text); }
+    template <class Url>
+    void openAssetAt(const Url& url, XmlText type, XmlText layout);
+    template <class Url>
+    void writePluginAt(XmlText name, const TalvexXMLSerializable* ref, const Url& url, XmlText label);
 
     std::u16string* wideOut = nullptr;  // one of the two is set
     std::string* utf8Out = nullptr;
@@ -149,7 +163,7 @@ private:
     std::u16string rootTag;
     FlushSink flushSink;
     Utf8FlushSink utf8FlushSink;
-    FrameStore frameStore;
+    FrameStore frameStore{loneSurrogates};
     ParameterHeads& heads = ParameterHeads::ofThisThread();
     std::size_t staged = 0;
     char stage[stageSize];

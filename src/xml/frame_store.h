@@ -3,11 +3,12 @@
 
 #include <concepts>
 #include <cstddef>
-#include <deque>
+#include <vector>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "archive/text_conversion.h"
 #include "records/serializable.h"
 
 namespace TalvexCore {
@@ -41,6 +42,8 @@ public:
 
     // Replaces `out` with the url, in the room `out` already has where it suffices.
     void assignTo(std::u16string& out) const;
+    std::u16string_view baseText() const { return base; }
+    bool hasWord() const { return form != Form::None; }
 
 private:
     enum class Form { None, Wide, Narrow };
@@ -54,22 +57,31 @@ private:
 // given back, so a child may hold its url by reference while deeper assets take entries. Each
 // entry keeps the room of its text from one asset to the next: once the writer has been as deep
 // before, naming an asset or a child allocates nothing.
+// An entry also keeps its url as the XML gives it. A url that extends the url of a taken entry
+// (a child's, by its slot's word) or repeats it (the child's own asset) starts from that entry's
+// text, so a url is escaped and encoded once, not once for each place it appears.
 class FrameStore {
 public:
     struct Entry {
         ChildSlot slot;
         std::u16string url;
+        std::string urlText;   // cut at the url's first zero, escaped, UTF-8
+        bool urlCut = false;   // the url holds a zero: the text ends there
     };
 
+    explicit FrameStore(LoneSurrogates loneSurrogates) : loneSurrogates(loneSurrogates) {}
+    // Sets the url of entry `index`, and its text.
+    void name(std::size_t index, const AssetUrl& url);
     // The index of the first of `count` entries taken.
     std::size_t take(std::size_t count);
     // Gives back every entry from `first` on.
     void giveBack(std::size_t first) { used = first < used ? first : used; }
-    Entry& operator[](std::size_t index) { return entries[index]; }
+    Entry& operator[](std::size_t index) { return *entries[index]; }
 
 private:
-    std::deque<Entry> entries;
+    std::vector<std::unique_ptr<Entry>> entries;
     std::size_t used = 0;
+    LoneSurrogates loneSurrogates;
 };
 
 }  // namespace TalvexCore

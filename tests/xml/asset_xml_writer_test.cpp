@@ -368,3 +368,59 @@ TEST(AssetFrame, OuterUrlsStayWhileDeeperFramesAreWritten)
         }
     }
 }
+
+namespace {
+
+// An asset under the url it is given, with no word of its own.
+class Leaf : public TalvexXMLSerializable {
+public:
+    void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override
+    {
+        AssetFrame(writer, *this, url, "", {}).close();
+    }
+    const std::u16string& pluginType() const override { return typeName<u"TexLeaf">(); }
+    const std::u16string& assetType() const override { return typeName<u"texture">(); }
+};
+
+// The url as the writer prints it: cut at its first zero, unescaped, escaped, UTF-8.
+std::string printedUrl(const std::u16string& url)
+{
+    std::string text;
+    appendWideAsNarrow(text, AssetXmlWriter::escapeXml(url.substr(0, url.find(u'\0')), true),
+                       LoneSurrogates::Replaced);
+    return text;
+}
+
+}  // namespace
+
+// A frame's url is made from its owner's text and the word's; it must read as the whole url
+// printed at once, whatever either side holds: entities split by the "/", a zero, the halves of a
+// pair on either side.
+TEST(AssetFrame, UrlsMadeFromTheirOwnersReadAsTheWholeUrl)
+{
+    const std::u16string parts[] = {u"",      u"a&lt;b", u"&l", u"t;&amp;", u"x<y>", u"\u00e9\U0001F600",
+                                    std::u16string(1, u'\xD800'), std::u16string(1, u'\xDC00') + u"z",
+                                    std::u16string(u"p\0q", 3)};
+    const auto leaf = std::make_shared<Leaf>();
+    const Leaf self;
+    for (const std::u16string& base : parts) {
+        for (const std::u16string& word : parts) {
+            SCOPED_TRACE(wideToNarrow(base) + " | " + wideToNarrow(word));
+            const std::string text = utf8TextOf([&](AssetXmlWriter& w) {
+                const KeptUrl owner(w, AssetUrl(base));
+                const AssetFrame frame(w, self, AssetUrl(owner.text(), word), "", {{"leaf", "w", leaf}});
+                frame.writeChildParameters();
+                frame.close();
+            });
+            const std::u16string url = base + u"/" + word;
+            const std::string leafUrl = printedUrl(url + u"/w");
+            const std::string expected[] = {"url=\"" + leafUrl + "\"", "url=\"" + printedUrl(url) + "\"",
+                                            "<value>" + leafUrl + "/TexLeaf</value>"};
+            std::size_t at = 0;
+            for (const std::string& part : expected) {
+                at = text.find(part, at);
+                ASSERT_NE(at, std::string::npos) << part << "\n" << text;
+            }
+        }
+    }
+}
