@@ -7,16 +7,19 @@ from command_fixture import EXAMPLES, InTemporaryFolder, files_below, golden, he
 
 
 class HostileFiles(InTemporaryFolder):
-    def test_things_that_are_not_regular_files_are_refused_at_once(self):
+    def test_paths_that_do_not_convert_are_reported_and_fail_alone(self):
+        # Things that are not regular files are refused at once, without waiting for a writer.
         fifo = self.dir / "pipe.talmat"
         os.mkfifo(fifo)
         device = self.dir / "zero.talmat"
         device.symlink_to("/dev/zero")
-        for path in (fifo, device):
+        for path, reason in [(fifo, b"not a regular file"), (device, b"not a regular file"),
+                             ("/no/such/file.talmat", b"No such file or directory"),
+                             (EXAMPLES / "../README.md", b"not a material or options file")]:
             with self.subTest(path=path):
                 result = run(path, EXAMPLES / "wood_floor.talmat", timeout=20)
                 self.assertEqual(result.returncode, 1)
-                self.assertIn(str(path).encode() + b": not a regular file", result.stderr)
+                self.assertIn(str(path).encode() + b": " + reason, result.stderr)
                 self.assertEqual(result.stdout, header(EXAMPLES / "wood_floor.talmat") + golden("wood_floor.talmat"))
         # Into a folder, neither it nor a missing file leaves an output.
         for path in (fifo, self.dir / "missing.talmat"):
