@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -115,6 +116,18 @@ std::shared_ptr<T> loadAs(uint32_t id, const ByteBuilder& bytes)
     else object = std::dynamic_pointer_cast<T>(createBRDF(id));
     EXPECT_TRUE(load(*object, bytes));
     return object;
+}
+
+// Positions of the pieces in the text; each must follow the one before it.
+inline void expectInOrder(const std::string& text, std::initializer_list<std::string> pieces)
+{
+    std::size_t at = 0;
+    for (const std::string& piece : pieces) {
+        const auto next = text.find(piece, at);
+        EXPECT_NE(next, std::string::npos) << "missing or out of order: " << piece;
+        if (next == std::string::npos) return;
+        at = next + piece.size();
+    }
 }
 
 // The assets a material file shows for the material.

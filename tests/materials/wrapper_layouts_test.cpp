@@ -14,18 +14,6 @@ namespace {
 
 using WrapperLayouts = SceneCleared;
 
-// Positions of the pieces in the text; each must follow the one before it.
-void expectInOrder(const std::string& text, std::initializer_list<std::string> pieces)
-{
-    std::size_t at = 0;
-    for (const std::string& piece : pieces) {
-        const auto next = text.find(piece, at);
-        EXPECT_NE(next, std::string::npos) << "missing or out of order: " << piece;
-        if (next == std::string::npos) return;
-        at = next + piece.size();
-    }
-}
-
 template <class T>
 std::shared_ptr<T> wrapper(const std::u16string& name)
 {

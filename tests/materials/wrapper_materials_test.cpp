@@ -220,17 +220,9 @@ TEST_F(WrapperMaterials, OwnAssetsNameInnerMaterialsUnderTheWrapperUrl)
     bump.base_mtl = layeredWith(u"Core", u"Paint");
     bump.bump_tex = std::make_shared<AColorTexture>();
     const std::string text = xmlOf(bump, u"/Scene");
-    const auto core = text.find("url=\"/Scene/Bumpy/Core\"");
-    const auto texture = text.find("url=\"/Scene/Bumpy/bump_tex/TexAColor\"");
-    const auto own = text.find("url=\"/Scene/Bumpy\"");
-    ASSERT_NE(own, std::string::npos);
-    EXPECT_LT(core, texture);
-    EXPECT_LT(texture, own);
-    EXPECT_TRUE(has(text.substr(own), "<nuvaplugin name=\"MtlBump\" type=\"material\">"));
-    const auto mult = text.find("name=\"bump_tex_mult\"", own), base = text.find("name=\"base_mtl\"", own);
-    EXPECT_LT(mult, base);
-    EXPECT_TRUE(has(text.substr(base), "<value>/Scene/Bumpy/Core</value>"));
-    EXPECT_TRUE(has(text.substr(base), "<value>/Scene/Bumpy/bump_tex/TexAColor</value>"));
+    expectInOrder(text, {"url=\"/Scene/Bumpy/Core\"", "url=\"/Scene/Bumpy/bump_tex/TexAColor\"", "url=\"/Scene/Bumpy\"",
+                         "<nuvaplugin name=\"MtlBump\" type=\"material\">", "name=\"bump_tex_mult\"", "name=\"base_mtl\"",
+                         "<value>/Scene/Bumpy/Core</value>", "<value>/Scene/Bumpy/bump_tex/TexAColor</value>"});
 
     // The displaced material has no asset: its base material stands under its url; the override
     // adds no name at all.
