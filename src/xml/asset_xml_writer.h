@@ -107,7 +107,7 @@ public:
     std::u16string indentText() const;
 
     // The urls of the assets being written, kept from one asset to the next.
-    FrameStore& frames() { return frameStore; }
+    FrameStore& frames() { return *frameStore; }
 
     // Suns written so far, by id, and how a sun's url is formed; kept for the sky and sun emitters.
     std::map<std::u16string, std::u16string> sunDirectory;
@@ -163,7 +163,7 @@ private:
     std::u16string rootTag;
     FlushSink flushSink;
     Utf8FlushSink utf8FlushSink;
-    FrameStore frameStore{loneSurrogates};
+    FrameStore::Lent frameStore{loneSurrogates};
     ParameterHeads& heads = ParameterHeads::ofThisThread();
     std::size_t staged = 0;
     char stage[stageSize];

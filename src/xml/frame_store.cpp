@@ -59,6 +59,21 @@ void FrameStore::name(std::size_t index, const AssetUrl& url)
         entry.urlCut = AssetXmlWriter::appendUrlText(entry.urlText, tail, loneSurrogates);
 }
 
+namespace {
+
+thread_local std::unique_ptr<FrameStore> spareStore;
+
+}  // namespace
+
+FrameStore::Lent::Lent(LoneSurrogates loneSurrogates) : store(std::move(spareStore))
+{
+    if (!store) store = std::make_unique<FrameStore>(loneSurrogates);
+    store->used = 0;
+    store->loneSurrogates = loneSurrogates;
+}
+
+FrameStore::Lent::~Lent() { spareStore = std::move(store); }
+
 std::size_t FrameStore::take(std::size_t count)
 {
     const std::size_t first = used;

@@ -70,6 +70,21 @@ public:
     };
 
     explicit FrameStore(LoneSurrogates loneSurrogates) : loneSurrogates(loneSurrogates) {}
+
+    // A store lent to one writer for its life: the thread's spare one, emptied, where it has one.
+    // Given back, it becomes the spare, so that the next document starts with the room of the last.
+    class Lent {
+    public:
+        explicit Lent(LoneSurrogates loneSurrogates);
+        ~Lent();
+        Lent(const Lent&) = delete;
+        Lent& operator=(const Lent&) = delete;
+        FrameStore& operator*() const { return *store; }
+
+    private:
+        std::unique_ptr<FrameStore> store;
+    };
+
     // Sets the url of entry `index`, and its text.
     void name(std::size_t index, const AssetUrl& url);
     // The index of the first of `count` entries taken.
