@@ -24,24 +24,20 @@ TEST(RegularFile, DevicesAndFoldersAreRefusedWithTheirReason)
 #else
     RegularFile device(u"/dev/null");
 #endif
-    EXPECT_FALSE(device.isOpen());
-    EXPECT_EQ(device.failureReason(), "not a regular file");
+    EXPECT_TRUE(!device.isOpen() && device.failureReason() == "not a regular file");
     EXPECT_EQ(device.stream().get(), std::char_traits<char>::eof());
 
     const fs::path folder = fs::path(::testing::TempDir()) / "cindrel_regular_file";
     fs::remove_all(folder);
     fs::create_directories(folder);
-    RegularFile asFile(widePath(folder));
-    EXPECT_FALSE(asFile.isOpen());
-    RegularFile missing(widePath(folder / "missing.talmat"));
-    EXPECT_FALSE(missing.isOpen());
+    RegularFile asFile(widePath(folder)), missing(widePath(folder / "missing.talmat"));
+    EXPECT_FALSE(asFile.isOpen() || missing.isOpen());
     EXPECT_NE(asFile.failureReason(), missing.failureReason());
     EXPECT_NE(missing.failureReason(), "not a regular file");
 #ifndef _WIN32
     ASSERT_EQ(::mkfifo((folder / "pipe.talmat").c_str(), 0600), 0);
     RegularFile fifo(widePath(folder / "pipe.talmat"));
-    EXPECT_FALSE(fifo.isOpen());
-    EXPECT_EQ(fifo.failureReason(), "not a regular file");
+    EXPECT_TRUE(!fifo.isOpen() && fifo.failureReason() == "not a regular file");
 #endif
 
     {

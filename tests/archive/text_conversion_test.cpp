@@ -93,13 +93,9 @@ TEST(WideText, NamesCompareWithoutRegardToCase)
     EXPECT_TRUE(equalsNoCase(u"\u00C4pfel \u0141\u00D3D\u0179 \u0394\u0416\u0401", u"\u00E4PFEL \u0142\u00F3d\u017A \u03B4\u0436\u0451"));
     EXPECT_FALSE(equalsNoCase(u"talmat", u"talmat "));
     EXPECT_FALSE(equalsNoCase(u"\u00D7", u"\u00F7"));  // the multiplication sign is no letter
-    EXPECT_LT(compareNoCase(u"ABC", u"abd"), 0);
-    EXPECT_GT(compareNoCase(u"abc", u"AB"), 0);
+    EXPECT_TRUE(compareNoCase(u"ABC", u"abd") < 0 && compareNoCase(u"abc", u"AB") > 0);
     EXPECT_FALSE(NoCaseLess()(u"ALPHA", u"alpha"));
     for (char16_t c : {u'\0', u'\x1F', u'\x7F', u'\x85', u'\x9F'}) EXPECT_TRUE(isWideControl(c)) << int(c);
     for (char16_t c : {u' ', u'\xA0', u'\x20AC'}) EXPECT_FALSE(isWideControl(c)) << int(c);
-    EXPECT_TRUE(isWideDigit(u'0'));
-    EXPECT_TRUE(isWideDigit(u'9'));
-    EXPECT_FALSE(isWideDigit(u'/'));
-    EXPECT_FALSE(isWideDigit(u':'));
+    EXPECT_TRUE(isWideDigit(u'0') && isWideDigit(u'9') && !isWideDigit(u'/') && !isWideDigit(u':'));
 }

@@ -13,9 +13,7 @@ namespace {
 TEST(LightBRDF, EachVersionAddsItsItems)
 {
     auto layer = loadAs<Light_BRDF>(32, ByteBuilder().tag(1).color(0.5f, 0.6f, 0.7f).floats({4, 0.5f}).str("glow.png"));
-    EXPECT_TRUE(layer->intensity == 4);
-    EXPECT_TRUE(layer->transparency_tex_mult == 0.5f);
-    EXPECT_TRUE(layer->transparency == Color{});
+    EXPECT_TRUE(layer->intensity == 4 && layer->transparency_tex_mult == 0.5f && layer->transparency == Color{});
     EXPECT_EQ(bitmapFile(layer->transparency_tex), "glow.png");
     for (uint32_t version : {3u, 4u, 5u}) {
         SCOPED_TRACE(version);
@@ -23,9 +21,8 @@ TEST(LightBRDF, EachVersionAddsItsItems)
         b.append(child(0, 1, 0));
         if (version >= 4) b.append(baseRecord("Lamp"));
         layer = loadAs<Light_BRDF>(32, b.u32(7));
-        EXPECT_EQ(acolorOf(layer->transparency_tex), (AColor{0, 1, 0, 1}));
-        EXPECT_EQ(layer->name, version >= 4 ? u"Lamp" : u"BRDFLight");
-        EXPECT_EQ(layer->doubleSided, version >= 5 ? 7u : 1u);
+        EXPECT_EQ(std::tuple(acolorOf(layer->transparency_tex), layer->name, layer->doubleSided),
+                  std::tuple(AColor{0, 1, 0, 1}, version >= 4 ? u"Lamp" : u"BRDFLight", version >= 5 ? 7u : 1u));
     }
 }
 
@@ -42,9 +39,7 @@ ByteBuilder glassHead(uint32_t version)
 TEST(GlassBRDF, Versions2And5AndAReusedLayer)
 {
     auto layer = loadAs<Glass_BRDF>(1, glassHead(2).floats({0.25f, 0.5f, 0.75f}).str("t.png").str("").str("i.png"));
-    EXPECT_TRUE(layer->aux_ior == 1.45f);
-    EXPECT_TRUE(layer->transparency_tex_mult == 0.25f);
-    EXPECT_TRUE(!layer->glossiness_tex);
+    EXPECT_TRUE(layer->aux_ior == 1.45f && layer->transparency_tex_mult == 0.25f && !layer->glossiness_tex);
     EXPECT_EQ(bitmapFile(layer->transparency_tex) + bitmapFile(layer->ior_texture), "t.pngi.png");
 
     ByteBuilder v5 = newestRecord(1);
@@ -55,10 +50,8 @@ TEST(GlassBRDF, Versions2And5AndAReusedLayer)
 
     layer->name = u"Ice";
     EXPECT_TRUE(load(*layer, glassHead(1)));
-    EXPECT_TRUE(layer->ior == 1.4f);
-    EXPECT_TRUE(layer->color_tex_mult == 3);
+    EXPECT_TRUE(layer->ior == 1.4f && layer->color_tex_mult == 3 && layer->name == u"BRDFRefraction");
     EXPECT_EQ(layer->transparency, (Color{0.2f, 0.3f, 0.4f}));
-    EXPECT_EQ(layer->name, u"BRDFRefraction");
 }
 
 // Items a to g of versions 1 to 4 of the mirror: the Fresnel index before the cutoff, its switch behind it.
@@ -73,25 +66,21 @@ ByteBuilder mirrorHead(uint32_t version, float fresnelIndex, uint32_t fresnelSwi
 TEST(MirrorBRDF, Versions1To5AndTheFresnelSwitch)
 {
     auto layer = loadAs<Mirror_BRDF>(16, mirrorHead(1, 2.25f, 5).str("fall.png"));
-    EXPECT_TRUE(fresnelIor(layer->transparency_tex) == 2.25f);
-    EXPECT_TRUE(layer->transparency_tex_mult == 0.75f);
+    EXPECT_TRUE(fresnelIor(layer->transparency_tex) == 2.25f && layer->transparency_tex_mult == 0.75f);
     for (uint32_t fresnelSwitch : {0u, 1u}) {
         ByteBuilder v3 = mirrorHead(3, 1.8f, fresnelSwitch).f32(2).append(child(0, 1, 0));
         layer = loadAs<Mirror_BRDF>(16, v3.append(child(1, 0, 0)));
         if (fresnelSwitch) EXPECT_EQ(fresnelIor(layer->transparency_tex), 1.8f);
         else EXPECT_EQ(acolorOf(layer->transparency_tex), (AColor{0, 1, 0, 1}));
-        EXPECT_TRUE(acolorOf(layer->color_tex) == (AColor{1, 0, 0, 1}));
-        EXPECT_TRUE(layer->mirror_aux_int == 3);
+        EXPECT_TRUE(acolorOf(layer->color_tex) == (AColor{1, 0, 0, 1}) && layer->mirror_aux_int == 3);
     }
     ByteBuilder v4 = mirrorHead(4, 1.5f, 0).f32(1).boolean(false).boolean(false);
     layer = loadAs<Mirror_BRDF>(16, v4.append(baseRecord("S")));
-    EXPECT_TRUE(layer->name == u"S");
-    EXPECT_TRUE(!layer->transparency_tex);
+    EXPECT_TRUE(layer->name == u"S" && !layer->transparency_tex);
     Mirror_BRDF fresh;
     ASSERT_GT(fresnelIor(fresh.transparency_tex), 0);
     ByteBuilder v5 = ByteBuilder().tag(5).color(1, 1, 1).color(1, 1, 1).floats({1, 0.01f}).u32(1).f32(1);
-    EXPECT_TRUE(load(fresh, v5.boolean(false).boolean(false).append(baseRecord("M"))));
-    EXPECT_TRUE(!fresh.transparency_tex);
+    EXPECT_TRUE(load(fresh, v5.boolean(false).boolean(false).append(baseRecord("M"))) && !fresh.transparency_tex);
 }
 
 // Items a to j of versions 1 to 5 of the twin glossy layers: the Fresnel index after the glossiness,
@@ -110,25 +99,20 @@ TEST(PhongBlinnBRDF, Versions1To4)
     Phong_BRDF phong;
     ASSERT_GT(fresnelIor(phong.transparency_tex), 0);
     EXPECT_TRUE(load(phong, glossyHead(1, 1.6f, 0)));
-    EXPECT_TRUE(!phong.transparency_tex);
-    EXPECT_TRUE(phong.back_side == 1);
-    EXPECT_TRUE(phong.aux_int == 11);
+    EXPECT_TRUE(!phong.transparency_tex && phong.back_side == 1 && phong.aux_int == 11);
 
     ByteBuilder v2 = glossyHead(2, 1.33f, 1).floats({0.5f, 0.25f, 0.75f});
     auto layer = loadAs<Blinn_BRDF>(4, v2.str("c.png").str("").str("r.png"));
     EXPECT_EQ(fresnelIor(layer->transparency_tex), 1.33f);
-    const auto fresnel = std::static_pointer_cast<FresnelTexture>(layer->transparency_tex);
-    EXPECT_EQ(fresnel->refract_ior, FresnelTexture().refract_ior);
-    EXPECT_TRUE(layer->reflectionGlossiness_tex_mult == 0.75f);
-    EXPECT_TRUE(!layer->hilightGlossiness_tex);
+    EXPECT_EQ(std::static_pointer_cast<FresnelTexture>(layer->transparency_tex)->refract_ior, FresnelTexture().refract_ior);
+    EXPECT_TRUE(layer->reflectionGlossiness_tex_mult == 0.75f && !layer->hilightGlossiness_tex);
     EXPECT_EQ(bitmapFile(layer->color_tex) + bitmapFile(layer->reflectionGlossiness_tex), "c.pngr.png");
 
     ByteBuilder v4 = glossyHead(4, 1.7f, 1).floats({1, 1, 1}).append(child(1, 0, 0)).boolean(false);
     layer = loadAs<Blinn_BRDF>(4, v4.append(child(0, 0, 1)).floats({0.4f, 90}));
-    EXPECT_EQ(acolorOf(layer->color_tex), (AColor{1, 0, 0, 1}));
-    EXPECT_EQ(acolorOf(layer->reflectionGlossiness_tex), (AColor{0, 0, 1, 1}));
-    EXPECT_TRUE(layer->anisotropy_rotation == 90);
-    EXPECT_TRUE(fresnelIor(layer->transparency_tex) == 1.7f);
+    EXPECT_EQ(std::pair(acolorOf(layer->color_tex), acolorOf(layer->reflectionGlossiness_tex)),
+              std::pair(AColor{1, 0, 0, 1}, AColor{0, 0, 1, 1}));
+    EXPECT_TRUE(layer->anisotropy_rotation == 90 && fresnelIor(layer->transparency_tex) == 1.7f);
     EXPECT_EQ(layer->name, u"BRDFReflection");
 }
 

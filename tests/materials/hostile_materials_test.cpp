@@ -76,8 +76,7 @@ TEST_F(HostileMaterials, NestingDepthIsBoundedAlikeForLoadingAndSaving)
     // search does not follow it past the bound either.
     const auto deep = bumpChain(maximumMaterialDepth + 5);
     QuickArchive out(1);
-    EXPECT_FALSE(deep->writeBinary(out));
-    EXPECT_TRUE(findMaterialsByType(deep, 1).empty());
+    EXPECT_TRUE(!deep->writeBinary(out) && findMaterialsByType(deep, 1).empty());
     EXPECT_FALSE(findMaterialsByType(bumpChain(maximumMaterialDepth - 1), 1).empty());
 }
 
@@ -89,10 +88,9 @@ TEST_F(HostileMaterials, ReferenceThatReachesItselfThroughTheScene)
     reference->name = u"Loop", reference->uuid = u"L-1", reference->target_uuid = u"L-1";
     ASSERT_TRUE(sceneMaterials()->addMaterial(reference));
 
-    EXPECT_TRUE(findMaterialsByType(reference, 1).empty());
-    EXPECT_FALSE(reference->isEqual(reference));
     QuickArchive out(1);
-    EXPECT_FALSE(reference->writeBinary(out));
+    EXPECT_TRUE(findMaterialsByType(reference, 1).empty());
+    EXPECT_FALSE(reference->isEqual(reference) || reference->writeBinary(out));
     EXPECT_EQ(reference->embedded, reference);
     EXPECT_EQ(assetsOf(reference), "  <Assets>\n  </Assets>\n");
     reference->embedded = nullptr;  // the loop would outlive the test

@@ -35,13 +35,9 @@ Traced loadTraced(const std::vector<uint8_t>& bytes)
 void expectObject(const TracedObject& object, const std::u16string& className, std::optional<uint32_t> typeId,
                   std::optional<uint32_t> version, uint64_t offset, uint64_t length, int depth, bool complete)
 {
-    EXPECT_EQ(object.className, className);
-    EXPECT_EQ(object.typeId, typeId);
-    EXPECT_EQ(object.version, version);
-    EXPECT_EQ(object.offset, offset);
-    EXPECT_EQ(object.length, length);
-    EXPECT_EQ(object.depth, depth);
-    EXPECT_EQ(object.complete, complete);
+    EXPECT_EQ(std::tuple(object.className, object.typeId, object.version, object.offset, object.length, object.depth,
+                         object.complete),
+              std::tuple(className, typeId, version, offset, length, depth, complete));
 }
 
 }  // namespace
@@ -80,9 +76,7 @@ TEST(LoadTrace, ObjectsOfAMaterialFileWhereTheirRecordsLie)
 
         const Traced whole = loadTraced(fileOf(stream));
         ASSERT_TRUE(whole.loaded);
-        EXPECT_EQ(whole.trace.fileVersion, container);
-        EXPECT_EQ(whole.trace.declaredObjects, 2u);
-        EXPECT_FALSE(whole.trace.failure);
+        EXPECT_TRUE(whole.trace.fileVersion == container && whole.trace.declaredObjects == 2 && !whole.trace.failure);
         ASSERT_EQ(whole.trace.objects().size(), 4u);
         for (int i = 0; i < 2; ++i) {
             const uint64_t at = i == 0 ? first : second;
@@ -98,9 +92,9 @@ TEST(LoadTrace, ObjectsOfAMaterialFileWhereTheirRecordsLie)
         expectObject(damaged.trace.objects()[3], material->brdf->pluginType(), 2, std::nullopt, second + layerAt,
                      4, 1, false);
         ASSERT_TRUE(damaged.trace.failure);
-        EXPECT_EQ(describe(*damaged.trace.failure), describe(*damaged.report.failure));
         EXPECT_EQ(damaged.trace.failure->offset, second + layerAt);
         EXPECT_EQ(describe(*damaged.trace.failure).rfind("in material 2 (MtlSingleBRDF) > BRDFDiffuse at", 0), 0u)
             << describe(*damaged.trace.failure);
+        EXPECT_EQ(describe(*damaged.trace.failure), describe(*damaged.report.failure));
     }
 }

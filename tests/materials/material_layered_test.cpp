@@ -27,47 +27,36 @@ TEST_F(MaterialLayered, NewestRecordSurvivesWriteAndRead)
 {
     const auto source = twoLayers();
     sceneMaterials()->addMaterial(twoLayers());
-    const auto bytes = bytesOf(*source);
-    bool ok = false;
-    const auto back = loaded<MaterialLayeredBRDF>(ByteBuilder().raw(bytes.data(), bytes.size()), ok);
-    EXPECT_TRUE(ok);
-    EXPECT_TRUE(back->isEqual(source));
-    EXPECT_TRUE(back->name == u"Lacquer");
-    EXPECT_EQ(bytesOf(*back), bytes);
+    const ByteBuilder bytes = recordOf(*source);
+    const auto back = loadAs<MaterialLayeredBRDF>(1, bytes);
+    EXPECT_TRUE(back->isEqual(source) && back->name == u"Lacquer");
+    EXPECT_EQ(bytesOf(*back), bytes.bytes);
 }
 
 // Version 1 holds a bare name, made unique and not stripped; later versions keep and strip theirs.
 TEST_F(MaterialLayered, OlderVersions)
 {
-    EXPECT_EQ(MaterialLayeredBRDF().name, u"DefaultMaterial");
     sceneMaterials()->addMaterial(twoLayers());
     bool ok = false;
     const auto load = [&ok](const ByteBuilder& bytes) { return loaded<MaterialLayeredBRDF>(bytes, ok); };
     auto material = load(ByteBuilder().tag(1).u32(1).append(layerEntry(2)).u32(0).u32(5).str("Lacquer"));
-    EXPECT_TRUE(ok);
-    EXPECT_TRUE(material->brdfs.size() == 1);
-    EXPECT_TRUE(material->layered_aux_1 == 5);
+    EXPECT_TRUE(ok && material->brdfs.size() == 1 && material->layered_aux_1 == 5);
     EXPECT_EQ(material->name, u"Lacquer1");
     EXPECT_EQ(load(ByteBuilder().tag(1).u32(0).u32(1).u32(0).str("A\tB"))->name, u"A\tB");
     EXPECT_EQ(load(ByteBuilder().tag(1).u32(0).u32(1).u32(0).str(""))->name, u"DefaultMaterial");
 
     material = load(ByteBuilder().tag(2).u32(0).u32(0).u32(3).tag(2).str("Lacquer\n").str("id-2"));
-    EXPECT_TRUE(ok);
-    EXPECT_TRUE(material->layered_aux_1 == 3);
-    EXPECT_TRUE(material->layered_aux_2 == 1) << "version 2 lacks the second";
-    EXPECT_TRUE(material->name == u"Lacquer");
-    EXPECT_TRUE(material->uuid == u"id-2");
+    EXPECT_TRUE(ok && material->layered_aux_1 == 3 && material->name == u"Lacquer" && material->uuid == u"id-2");
+    EXPECT_EQ(material->layered_aux_2, 1u) << "version 2 lacks the second";
 
     material = load(ByteBuilder().tag(3).u32(0).u32(1).u32(3).u32(4).u32(5).tag(1).str("").u32(77));
-    EXPECT_TRUE(ok);
-    EXPECT_TRUE(material->layered_aux_3 == 5);
-    EXPECT_TRUE(material->layered_aux_4 == 0) << "version 3 lacks the fourth";
+    EXPECT_TRUE(ok && material->layered_aux_3 == 5);
+    EXPECT_EQ(material->layered_aux_4, 0u) << "version 3 lacks the fourth";
     EXPECT_EQ(material->name, u"DefaultMaterial");
 
     // Version 4 reads its last integer also behind a refused base record.
     material = load(ByteBuilder().tag(4).u32(0).u32(1).u32(0).u32(1).u32(1).tag(3).u32(99));
-    EXPECT_TRUE(!ok);
-    EXPECT_TRUE(material->layered_aux_4 == 99);
+    EXPECT_TRUE(!ok && material->layered_aux_4 == 99);
 }
 
 // The reset comes before the tag's test; then a layer id between the bits, a count far beyond the
@@ -76,16 +65,10 @@ TEST_F(MaterialLayered, RefusedRecordsEndTheLoad)
 {
     auto material = twoLayers();
     EXPECT_FALSE(load(*material, ByteBuilder().u32(0x40001)));
-    EXPECT_TRUE(material->brdfs.empty());
-    EXPECT_TRUE(material->double_sided == 1);
-    EXPECT_TRUE(material->uuid.empty());
+    EXPECT_TRUE(material->brdfs.empty() && material->double_sided == 1 && material->uuid.empty());
     for (const ByteBuilder& bytes : {ByteBuilder().tag(4).u32(1).u32(3).tag(1),
-                                     ByteBuilder().tag(4).u32(0xFFFFFFFF).append(layerEntry(2)),
-                                     ByteBuilder().tag(5)}) {
-        bool ok = true;
-        loaded<MaterialLayeredBRDF>(bytes, ok);
-        EXPECT_FALSE(ok);
-    }
+                                     ByteBuilder().tag(4).u32(0xFFFFFFFF).append(layerEntry(2)), ByteBuilder().tag(5)})
+        EXPECT_FALSE(load(*createMaterial(1), bytes));
 }
 
 // Clones copy every layer and drop the uuid; equality ignores name and uuid, and nothing else.
@@ -95,13 +78,10 @@ TEST_F(MaterialLayered, ClonesAndEquality)
     sceneMaterials()->addMaterial(source);
     const auto copy = std::static_pointer_cast<MaterialLayeredBRDF>(source->clone());
     const auto same = std::static_pointer_cast<MaterialLayeredBRDF>(source->cloneSameName());
-    EXPECT_TRUE(copy->name == u"Lacquer1");
-    EXPECT_TRUE(same->name == u"Lacquer");
+    EXPECT_EQ(copy->name + u"," + same->name, u"Lacquer1,Lacquer");
     for (const auto& clone : {copy, same}) {
-        EXPECT_TRUE(clone->uuid.empty());
-        EXPECT_TRUE(clone->isEqual(source));
-        EXPECT_TRUE(clone->brdfs[0] != source->brdfs[0]);
-        EXPECT_TRUE(clone->brdfs[1] != source->brdfs[1]);
+        EXPECT_TRUE(clone->uuid.empty() && clone->isEqual(source));
+        EXPECT_TRUE(clone->brdfs[0] != source->brdfs[0] && clone->brdfs[1] != source->brdfs[1]);
     }
     copy->layered_aux_3 = 0;
     EXPECT_FALSE(copy->isEqual(source));
@@ -135,22 +115,14 @@ TEST_F(MaterialSingle, RecordsClonesAndNoXml)
     auto source = std::make_shared<MaterialSingleBRDF>();
     source->name = u"Matte", source->uuid = u"id-1", source->single_aux_1 = 3, source->single_aux_2 = 4;
     source->brdf = createBRDF(32);
-    const auto bytes = bytesOf(*source);
-    bool ok = false;
-    auto back = loaded<MaterialSingleBRDF>(ByteBuilder().raw(bytes.data(), bytes.size()), ok);
-    EXPECT_TRUE(ok);
-    EXPECT_TRUE(back->isEqual(source));
-    EXPECT_TRUE(back->name == u"Matte");
-    EXPECT_TRUE(back->uuid == u"id-1");
+    auto back = loadAs<MaterialSingleBRDF>(0, recordOf(*source));
+    EXPECT_TRUE(back->isEqual(source) && back->name == u"Matte" && back->uuid == u"id-1");
 
     sceneMaterials()->addMaterial(std::make_shared<MaterialSingleBRDF>());  // "DefaultMaterial"
     ASSERT_TRUE(load(*back, ByteBuilder().tag(1).u32(6).u32(7).str("").append(layerEntry(2))));
-    EXPECT_TRUE(back->name == u"DefaultMaterial1");
-    EXPECT_TRUE(back->uuid == u"id-1");
-    EXPECT_TRUE(back->single_aux_1 == 6);
-    for (const ByteBuilder& refused : {ByteBuilder().tag(3), ByteBuilder().tag(2).u32(0).u32(0).u32(64).tag(1)}) {
+    EXPECT_TRUE(back->name == u"DefaultMaterial1" && back->uuid == u"id-1" && back->single_aux_1 == 6);
+    for (const ByteBuilder& refused : {ByteBuilder().tag(3), ByteBuilder().tag(2).u32(0).u32(0).u32(64).tag(1)})
         EXPECT_FALSE(load(*back, refused));
-    }
     EXPECT_EQ(back->brdf->typeId(), 2u) << "the layer of version 1 stays";
     back->brdf = nullptr;
     QuickArchive out(1);
@@ -158,16 +130,13 @@ TEST_F(MaterialSingle, RecordsClonesAndNoXml)
 
     sceneMaterials()->addMaterial(source);
     const auto copy = std::static_pointer_cast<MaterialSingleBRDF>(source->clone());
-    EXPECT_TRUE(copy->name == u"Matte1");
-    EXPECT_TRUE(copy->uuid.empty());
-    EXPECT_TRUE(copy->brdf == source->brdf);
+    EXPECT_TRUE(copy->name == u"Matte1" && copy->uuid.empty() && copy->brdf == source->brdf);
     EXPECT_EQ(std::static_pointer_cast<MaterialSingleBRDF>(source->cloneSameName())->brdf, source->brdf);
     EXPECT_TRUE(copy->isEqual(source));
     copy->single_aux_2 = 1;
     EXPECT_FALSE(copy->isEqual(source));
-    const auto bare = std::make_shared<MaterialSingleBRDF>();
-    EXPECT_TRUE(!bare->isEqual(source));
-    EXPECT_TRUE(bare->isEqual(std::make_shared<MaterialSingleBRDF>()));
+    EXPECT_FALSE(MaterialSingleBRDF().isEqual(source));
+    EXPECT_TRUE(MaterialSingleBRDF().isEqual(std::make_shared<MaterialSingleBRDF>()));
     EXPECT_EQ(xmlOf(*source, u""), "");
 }
 

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "archive/quick_archive.h"
@@ -105,13 +107,27 @@ std::shared_ptr<T> loaded(const ByteBuilder& bytes, bool& ok)
     return object;
 }
 
-// Loads bytes into a new layer of the type id, which must take them.
+// Loads bytes into a new layer or material of the type id, which must take them.
 template <class T>
 std::shared_ptr<T> loadAs(uint32_t id, const ByteBuilder& bytes)
 {
-    auto layer = std::dynamic_pointer_cast<T>(createBRDF(id));
-    EXPECT_TRUE(load(*layer, bytes));
-    return layer;
+    std::shared_ptr<T> object;
+    if constexpr (std::is_base_of_v<BaseMaterial, T>) object = std::dynamic_pointer_cast<T>(createMaterial(id));
+    else object = std::dynamic_pointer_cast<T>(createBRDF(id));
+    EXPECT_TRUE(load(*object, bytes));
+    return object;
+}
+
+// Positions of the pieces in the text; each must follow the one before it.
+inline void expectInOrder(const std::string& text, std::initializer_list<std::string> pieces)
+{
+    std::size_t at = 0;
+    for (const std::string& piece : pieces) {
+        const auto next = text.find(piece, at);
+        EXPECT_NE(next, std::string::npos) << "missing or out of order: " << piece;
+        if (next == std::string::npos) return;
+        at = next + piece.size();
+    }
 }
 
 // The assets a material file shows for the material.
@@ -155,23 +171,6 @@ inline ByteBuilder layeredEntry(const std::string& name)
 
 // A present material slot holding a layered material with no layers.
 inline ByteBuilder layeredSlot(const std::string& name) { return ByteBuilder().boolean(true).append(layeredEntry(name)); }
-
-// Loads a record into a new material of the type id; the result of readBinary goes to `ok`.
-inline MaterialPtr loadMaterial(uint32_t id, const ByteBuilder& bytes, bool& ok)
-{
-    MaterialPtr material = createMaterial(id);
-    ok = load(*material, bytes);
-    return material;
-}
-
-template <class T>
-std::shared_ptr<T> loadAsClass(uint32_t id, const ByteBuilder& bytes)
-{
-    bool ok = false;
-    auto material = std::dynamic_pointer_cast<T>(loadMaterial(id, bytes, ok));
-    EXPECT_TRUE(ok);
-    return material;
-}
 
 // A layered material with one diffuse layer of the given name.
 inline std::shared_ptr<MaterialLayeredBRDF> layeredWith(const std::u16string& name, const std::u16string& layer)

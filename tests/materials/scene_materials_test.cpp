@@ -64,12 +64,9 @@ TEST_F(SceneMaterialsTest, AddingTakesNamesWithoutRegardToCaseAndKeepsOrMakesThe
     EXPECT_FALSE(scene.addMaterial(layered(u"GLASS")));
     EXPECT_FALSE(scene.addMaterial(layered(u"")));
     EXPECT_FALSE(scene.addMaterial(nullptr));
-    EXPECT_TRUE(scene.getMaterial(u"brick") == given);
-    EXPECT_TRUE(scene.materialForUuid(u"b0a1") == given);
-    EXPECT_TRUE(missing->uuid.empty());
-    EXPECT_TRUE(scene.materialForUuid(scene.uuidForName(u"GLASS")) == missing);
-    EXPECT_TRUE(!scene.materialForUuid(u"nothing"));
-    EXPECT_TRUE(scene.materialCount() == 2);
+    EXPECT_TRUE(scene.getMaterial(u"brick") == given && scene.materialForUuid(u"b0a1") == given);
+    EXPECT_TRUE(missing->uuid.empty() && scene.materialForUuid(scene.uuidForName(u"GLASS")) == missing);
+    EXPECT_TRUE(!scene.materialForUuid(u"nothing") && scene.materialCount() == 2);
     ASSERT_TRUE(scene.addMaterial(layered(u"Copy", u"B0A1")));
     EXPECT_EQ(scene.uuids.at(u"B0A1"), u"Brick");
     EXPECT_EQ(scene.materialCount(), -1);
@@ -84,14 +81,11 @@ TEST_F(SceneMaterialsTest, ReplaceAndRemove)
     EXPECT_FALSE(scene.replaceMaterial(u"Gone", layered(u"New")));
     const auto renamed = layered(u"New");
     ASSERT_TRUE(scene.replaceMaterial(u"OLD", renamed));
-    EXPECT_TRUE(scene.isNameFree(u"Old"));
-    EXPECT_TRUE(scene.materialForUuid(u"ID-1") == renamed);
+    EXPECT_TRUE(scene.isNameFree(u"Old") && scene.materialForUuid(u"ID-1") == renamed);
     ASSERT_TRUE(scene.replaceMaterial(u"New", layered(u"NEW")));
-    EXPECT_TRUE(scene.materials.find(u"new")->first == u"NEW");
-    EXPECT_TRUE(scene.uuids.at(u"ID-1") == u"New");
+    EXPECT_TRUE(scene.materials.find(u"new")->first == u"NEW" && scene.uuids.at(u"ID-1") == u"New");
     EXPECT_FALSE(scene.removeMaterial(u"Missing"));
-    EXPECT_TRUE(scene.removeMaterial(u"OTHER"));
-    EXPECT_TRUE(scene.uuids.count(u"ID-2") == 0);
+    EXPECT_TRUE(scene.removeMaterial(u"OTHER") && scene.uuids.count(u"ID-2") == 0);
 }
 
 // The set's own clone and the default material are copies under a free name with no uuid.
@@ -99,16 +93,13 @@ TEST_F(SceneMaterialsTest, ClonesAndTheDefaultMaterial)
 {
     scene.addMaterial(layered(u"Tile7", u"ID-7"));
     const MaterialPtr copy = scene.cloneMaterial(u"tile7");
-    EXPECT_TRUE(copy->name == u"Tile");
-    EXPECT_TRUE(copy->uuid.empty());
-    EXPECT_TRUE(!scene.cloneMaterial(u"none"));
+    EXPECT_TRUE(copy->name == u"Tile" && copy->uuid.empty() && !scene.cloneMaterial(u"none"));
     ASSERT_TRUE(sceneMaterials()->addDefaultMaterial());
     EXPECT_FALSE(sceneMaterials()->addDefaultMaterial());
     const auto material = std::dynamic_pointer_cast<MaterialLayeredBRDF>(sceneMaterials()->getDefaultMaterial());
     ASSERT_TRUE(material);
     ASSERT_TRUE(material->brdfs.size() == 1);
-    EXPECT_TRUE(material->name == u"Default_Nuva_Material");
-    EXPECT_TRUE(material->brdfs[0]->name == u"Diffuse");
+    EXPECT_TRUE(material->name == u"Default_Nuva_Material" && material->brdfs[0]->name == u"Diffuse");
     EXPECT_TRUE(material->brdfs[0]->isEqual(createBRDF(2)));
 }
 
@@ -133,10 +124,8 @@ TEST_F(SceneMaterialsTest, Version2TakesItsListsAsStored)
     ByteBuilder b;
     b.tag(2).u32(3).append(entry("Wood", "w")).append(entry("WOOD", "w2")).append(entry("Tile", ""));
     ASSERT_TRUE(load(scene, b.u32(1).str("W").str("Wood")));
-    EXPECT_TRUE(scene.materials.size() == 2);
-    EXPECT_TRUE(scene.getMaterial(u"wood")->uuid == u"w");
-    EXPECT_TRUE(scene.materialCount() == -1);
-    EXPECT_TRUE(scene.uuidForName(u"Tile").empty());
+    EXPECT_TRUE(scene.materials.size() == 2 && scene.getMaterial(u"wood")->uuid == u"w");
+    EXPECT_TRUE(scene.materialCount() == -1 && scene.uuidForName(u"Tile").empty());
 
     EXPECT_FALSE(load(scene, ByteBuilder().tag(2).u32(0).u32(0x7FFFFFFF).str("a").str("b")));
     EXPECT_TRUE(scene.materials.empty()) << "each read begins by clearing the set";
@@ -146,15 +135,12 @@ TEST_F(SceneMaterialsTest, Version2TakesItsListsAsStored)
 TEST_F(SceneMaterialsTest, Version1MakesTheIdentifiers)
 {
     ASSERT_TRUE(load(scene, ByteBuilder().tag(1).u32(2).append(entry("Wood", "w")).append(entry("Tile", ""))));
-    EXPECT_TRUE(scene.materialCount() == 2);
-    EXPECT_TRUE(scene.uuidForName(u"Wood") == u"w");
+    EXPECT_TRUE(scene.materialCount() == 2 && scene.uuidForName(u"Wood") == u"w");
     EXPECT_EQ(scene.uuidForName(u"Tile").size(), 36u);
 
     const ByteBuilder refused[] = {ByteBuilder().tag(1).u32(2).append(entry("Wood", "")).append(entry("wood", "")),
                                    ByteBuilder().tag(1).u32(1).u32(15).tag(1), ByteBuilder().u32(0x20001)};
-    for (const ByteBuilder& bytes : refused) {
-        EXPECT_FALSE(load(scene, bytes));
-    }
+    for (const ByteBuilder& bytes : refused) EXPECT_FALSE(load(scene, bytes));
 }
 
 }  // namespace

@@ -14,18 +14,6 @@ namespace {
 
 using WrapperLayouts = SceneCleared;
 
-// Positions of the pieces in the text; each must follow the one before it.
-void expectInOrder(const std::string& text, std::initializer_list<std::string> pieces)
-{
-    std::size_t at = 0;
-    for (const std::string& piece : pieces) {
-        const auto next = text.find(piece, at);
-        EXPECT_NE(next, std::string::npos) << "missing or out of order: " << piece;
-        if (next == std::string::npos) return;
-        at = next + piece.size();
-    }
-}
-
 template <class T>
 std::shared_ptr<T> wrapper(const std::u16string& name)
 {
@@ -46,9 +34,8 @@ TEST_F(WrapperLayouts, LayeredMaterialIsItsOwnStandardAsset)
     writeStandardLayout(standardWriter, nullptr);
     EXPECT_EQ(standard, own);
 
-    EXPECT_TRUE(findMaterialsByType(nullptr, 1).empty());
+    EXPECT_TRUE(findMaterialsByType(nullptr, 1).empty() && findMaterialsByType(material, 0).empty());
     EXPECT_EQ(findMaterialsByType(material, 1), std::vector<MaterialPtr>{material});
-    EXPECT_TRUE(findMaterialsByType(material, 0).empty());
     auto single = std::make_shared<MaterialSingleBRDF>();
     single->brdf = createBRDF(2);
     EXPECT_TRUE(findMaterialsByType(single, 1).empty());
@@ -73,8 +60,7 @@ TEST_F(WrapperLayouts, SearchTakesTheFirstHitOfEachKind)
 
     auto multi = wrapper<MaterialMulti>(u"Multi");
     multi->materials = {layeredWith(u"A", u"L")};
-    EXPECT_TRUE(findMaterialsByType(multi, 1).empty());
-    EXPECT_EQ(assetsOf(multi), "  <Assets>\n  </Assets>\n");
+    EXPECT_TRUE(findMaterialsByType(multi, 1).empty() && assetsOf(multi) == "  <Assets>\n  </Assets>\n");
 }
 
 // An own layout leaves out a parameter whose material is a reference with no target, and names the
@@ -109,10 +95,8 @@ TEST_F(WrapperLayouts, ReferencesResolveThroughTheCopyAtTopAndTheSceneInside)
     bump->base_mtl = reference;
     EXPECT_TRUE(has(assetsOf(bump), "<entry>/Outer/TargetLayer</entry>"));
 
-    EXPECT_FALSE(isEmittable(nullptr));
-    EXPECT_TRUE(isEmittable(target));
-    EXPECT_TRUE(isEmittable(reference));
-    EXPECT_FALSE(isEmittable(wrapper<MaterialReference>(u"Empty")));
+    EXPECT_TRUE(isEmittable(target) && isEmittable(reference));
+    EXPECT_FALSE(isEmittable(nullptr) || isEmittable(wrapper<MaterialReference>(u"Empty")));
     // A reference has no asset of its own: asked for one, it gives its copy's.
     EXPECT_EQ(xmlOf(*reference, u"/X"), xmlOf(*reference->embedded, u"/X"));
 }

@@ -1,30 +1,16 @@
-// The options record: defaults and the reset's overrides, the version gate, what each version
-// stores, the channel rules, the path cut, and the newest record written back byte for byte.
+// The options record: the version gate, what each version stores, the channel rules, the path cut,
+// the newest record written back byte for byte, and the XML the example library does not show.
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <tuple>
 
 #include "options/options_test_support.h"
 #include "textures/acolor_texture.h"
-#include "textures/bitmap_texture.h"
 
 namespace TalvexTest {
 namespace {
 
 using namespace TalvexCore;
-
-// The options' reset overrides some defaults of the parameters record it embeds.
-TEST(AllOptions, ResetOverridesDefaultsOfTheParameters)
-{
-    const AllOptions o;
-    const TalvexParams alone;
-    EXPECT_EQ(std::tuple(alone.filter_on, alone.sampler_type, alone.mtl_limitDepth, alone.caustics_search_distance),
-              std::tuple(0, 0, 0, 1e18f));
-    EXPECT_EQ(std::tuple(o.params.filter_on, o.params.sampler_type, o.params.mtl_limitDepth,
-                         o.params.caustics_search_distance),
-              std::tuple(1, 2, 1, 20.0f));
-}
 
 // A low half other than 1 and the versions 0xA to 0xF and above 0x17 are refused; 0x1, 0x90001,
 // 0x100001 and 0x170001 are read.
@@ -80,13 +66,25 @@ TEST(AllOptions, Version16ReadsItsRows)
     EXPECT_TRUE(v16.reflect_color == (Color{0, 1, 0}) && v16.refract_tex_mult == 5 && v16.frame_rate == 25);
 }
 
+// The photon map's search toggle repeats its auto search distance, also when off; every group
+// hangs under the url given; channel names end at the last id known.
+TEST(AllOptions, XmlValuesTheExamplesDoNotReach)
+{
+    AllOptions o;
+    o.params.pm_auto_search_distance = 0;
+    EXPECT_EQ(valueOf(xmlOf(o), "search_distance_toggle"), "0");
+    EXPECT_TRUE(has(xmlOf(o, u"/job"), "url=\"/job/SettingsDR\""));
+    EXPECT_EQ(renderChannelName(133), "SSS2");
+    EXPECT_EQ(renderChannelName(134), "");
+}
+
 TEST(AllOptions, APathIsCutAt2047Characters)
 {
     OldOptions stored;
     stored.imageFile = std::string(3000, 'p');
     AllOptions o;
     ASSERT_TRUE(load(o, oldOptionsRecord(3, stored)));
-    EXPECT_EQ(pathOf(o.img_file), std::u16string(2047, u'p'));
+    EXPECT_EQ(settings_detail::pathText(o.img_file), std::u16string(2047, u'p'));
     EXPECT_EQ(o.img_file[2047], 0);
 }
 
@@ -122,7 +120,7 @@ TEST(AllOptions, NewestRecordRoundTrip)
     o.refract_tex = std::make_shared<AColorTexture>(AColor{0, 0, 1, 1});
     o.channels = {100, 117, 132};
     o.folder = u"//farm/jobs";
-    setPath(o.caustics_auto_save_file, u"caustics.vrpmap");
+    std::u16string_view(u"caustics.vrpmap").copy(o.caustics_auto_save_file.data(), 15);
     o.all_aux_float_1 = 3;
     o.specify_film_width = 1;
     o.camera.focal_length.setKey(50, 1.0);

@@ -21,10 +21,8 @@ TEST(TalvexFrameData, RecordOf340Bytes)
     f.r_height = 480;
     TalvexFrameData loaded;
     ASSERT_TRUE(load(loaded, recordOf(f)));
-    EXPECT_EQ(loaded.camToWorld.offset[0], static_cast<double>(0.1f));
-    EXPECT_TRUE(std::isinf(loaded.camToWorld.offset[1]));
+    EXPECT_TRUE(loaded.camToWorld.offset[0] == static_cast<double>(0.1f) && std::isinf(loaded.camToWorld.offset[1]));
     EXPECT_TRUE(loaded.currentFrame == 12 && loaded.r_height == 480);
-
     EXPECT_FALSE(load(loaded, ByteBuilder().tag(2).f64(1)));
     EXPECT_EQ(loaded.currentFrame, 0);
 }
@@ -71,9 +69,7 @@ TEST(TalvexNFBStampInfo, BothVersionsAndTheFontBlock)
 
     TalvexNFBStampInfo shorter;
     ASSERT_TRUE(load(shorter, stampRecord(2, "", std::vector<uint8_t>(40, 7))));
-    EXPECT_EQ(shorter.fontBlock[39], 7);
-    EXPECT_EQ(shorter.fontBlock[40], 0);
-    EXPECT_EQ(shorter.stampText, "");
+    EXPECT_TRUE(shorter.fontBlock[39] == 7 && shorter.fontBlock[40] == 0 && shorter.stampText.empty());
     EXPECT_EQ(std::string(shorter.fontName.data()), "Helvetica");
 
     // A longer block fills 60 bytes and the cursor moves past the rest.
@@ -84,8 +80,7 @@ TEST(TalvexNFBStampInfo, BothVersionsAndTheFontBlock)
     archive.readU32(next);
     EXPECT_EQ(next, 0xABCDu);
 
-    EXPECT_FALSE(load(longer, ByteBuilder().tag(3)));
-    EXPECT_FALSE(load(longer, ByteBuilder().u32(0x10001)));
+    EXPECT_FALSE(load(longer, ByteBuilder().tag(3)) || load(longer, ByteBuilder().u32(0x10001)));
 }
 
 struct Interface : NuvaUtils::PluginInterface {
@@ -104,9 +99,8 @@ TEST(PluginBase, InterfaceList)
     EXPECT_EQ(f.getInterface(7), &b);
     EXPECT_EQ(f.getInterface(1), nullptr);
     EXPECT_TRUE(f.removeInterface(&b));
-    EXPECT_EQ(f.getInterface(7), &a);
     EXPECT_FALSE(f.removeInterface(&b));
-    EXPECT_EQ(f.getInterface(9), &c);
+    EXPECT_TRUE(f.getInterface(7) == &a && f.getInterface(9) == &c);
 }
 
 }  // namespace

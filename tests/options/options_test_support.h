@@ -1,5 +1,4 @@
-// Helpers of the options tests: options records of any version spelled out by hand, paths, and the
-// text of one settings group.
+// Helpers of the options tests: options records of any version spelled out by hand.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -63,27 +62,6 @@ inline ByteBuilder oldOptionsRecord(uint32_t version, const OldOptions& o, ByteB
     if (version >= 0x16) b.i32(11);
     if (version >= 0x17) b.i32(1);
     return b;
-}
-
-inline void setPath(TalvexCore::PathBuffer& buffer, std::u16string_view text)
-{
-    buffer.fill(0);
-    std::copy(text.begin(), text.end(), buffer.begin());
-}
-
-inline std::u16string pathOf(const TalvexCore::PathBuffer& buffer)
-{
-    return std::u16string(TalvexCore::settings_detail::pathText(buffer));
-}
-
-// The text of one settings asset, from its Assets element to the end of that element.
-inline std::string groupXml(const std::string& xml, const std::string& group)
-{
-    const std::size_t name = xml.find("url=\"/" + group + "\"");
-    if (name == std::string::npos) return {};
-    const std::size_t start = xml.rfind('\n', xml.rfind("<Assets>", name)) + 1;
-    const std::size_t end = xml.find("</Assets>\n", name) + 10;
-    return xml.substr(start, end - start);
 }
 
 }  // namespace TalvexTest

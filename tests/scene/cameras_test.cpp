@@ -4,7 +4,6 @@
 
 #include <tuple>
 
-#include "archive/text_conversion.h"
 #include "scene/base_camera.h"
 #include "scene/physical_camera.h"
 #include "scene/render_view.h"
@@ -47,33 +46,28 @@ TEST(PhysicalCamera, KeyedRecordWritesBackAndARefusedTagResetsFirst)
     v2.i32(1).i32(12);
     PhysicalCamera current;
     ASSERT_TRUE(load(current, v2));
-    EXPECT_EQ(current.focal_length.keyCount(), 2);
-    EXPECT_EQ(current.focal_length.valueAt(0.5), 52.5f);
-    EXPECT_EQ(current.subdivs, 12);
-
+    EXPECT_EQ(std::tuple(current.focal_length.keyCount(), current.focal_length.valueAt(0.5), current.subdivs),
+              std::tuple(2, 52.5f, 12));
     EXPECT_EQ(bytesOf(current), v2.bytes);
 
     const CameraPtr copy = current.clone();
     EXPECT_TRUE(current.isEqual(copy));
     std::static_pointer_cast<PhysicalCamera>(copy)->focus_distance.setKey(1, 3.0);
-    EXPECT_FALSE(current.isEqual(copy));
-    EXPECT_FALSE(current.isEqual(nullptr));
+    EXPECT_FALSE(current.isEqual(copy) || current.isEqual(nullptr));
 
     EXPECT_FALSE(load(current, cameraBytes(3)));
     // The reset comes before the tag; it sets the lens values' keys at time 0 and keeps the others.
-    EXPECT_EQ(current.subdivs, 6);
-    EXPECT_EQ(current.focal_length.valueAt(0.0), 40.0f);
-    EXPECT_EQ(current.focal_length.keyCount(), 2);
+    EXPECT_EQ(std::tuple(current.subdivs, current.focal_length.valueAt(0.0), current.focal_length.keyCount()),
+              std::tuple(6, 40.0f, 2));
 }
 
 TEST(PhysicalCamera, FactoryAndPluginReference)
 {
     const CameraPtr camera = createCamera(0);
-    ASSERT_TRUE(camera);
-    EXPECT_FALSE(createCamera(1));
+    ASSERT_TRUE(camera && !createCamera(1));
 
     const std::string text = textOf([&](AssetXmlWriter& w) { w.writePlugin("camera", camera, u"/scene/cam"); });
-    EXPECT_NE(text.find("<value>/scene/cam/CameraPhysical</value>"), std::string::npos) << text;
+    EXPECT_TRUE(has(text, "<value>/scene/cam/CameraPhysical</value>")) << text;
     EXPECT_EQ(textOf([&](AssetXmlWriter& w) { camera->writeXml(w, u"/x"); }), "");
 }
 
@@ -100,10 +94,9 @@ TEST(RenderView, EveryRecordVersion)
     rect(v1, 1, 2, 3, 4).floats({0.5f, 2, 3}).i32(640).i32(480).u8(7);
     RenderView first;
     ASSERT_TRUE(loadAll(first, v1));
-    EXPECT_EQ(first.viewTransform.keyCount(), 1);
-    EXPECT_EQ(first.viewTransform.keyValue(0).offset.x, 5.0f);
-    EXPECT_EQ(first.fieldOfView.valueAt(0.0), 0.5f);
-    EXPECT_EQ(first.viewFlag.valueAt(0.0), 1);
+    EXPECT_EQ(std::tuple(first.viewTransform.keyCount(), first.viewTransform.keyValue(0).offset.x,
+                         first.fieldOfView.valueAt(0.0), first.viewFlag.valueAt(0.0)),
+              std::tuple(1, 5.0f, 0.5f, 1));
 
     // Version 2: the transform's container at the end; an empty one leaves no key.
     ByteBuilder v2;
@@ -112,8 +105,7 @@ TEST(RenderView, EveryRecordVersion)
     RenderView second;
     second.viewFlag.setKey(1, 0.0);
     ASSERT_TRUE(load(second, v2));
-    EXPECT_EQ(second.viewFlag.valueAt(0.0), 0);
-    EXPECT_EQ(second.viewTransform.keyCount(), 0);
+    EXPECT_EQ(std::pair(second.viewFlag.valueAt(0.0), second.viewTransform.keyCount()), std::pair(0, 0));
 
     // Version 3: containers throughout.
     ByteBuilder v3;
@@ -126,8 +118,9 @@ TEST(RenderView, EveryRecordVersion)
     transform(v3.tag(1).i32(1).i32(8).f64(0.5), 1, 9);
     RenderView third;
     ASSERT_TRUE(load(third, v3));
-    EXPECT_EQ(std::tuple(third.fieldOfView.keyCount(), third.fieldOfView.valueAt(1.0)), std::tuple(2, 0.65f));
-    EXPECT_EQ(std::tuple(third.viewTransform.keyCount(), third.viewTransform.keyTime(0)), std::tuple(1, 0.5));
+    EXPECT_EQ(std::tuple(third.fieldOfView.keyCount(), third.fieldOfView.valueAt(1.0), third.viewTransform.keyCount(),
+                         third.viewTransform.keyTime(0)),
+              std::tuple(2, 0.65f, 1, 0.5));
     EXPECT_EQ(bytesOf(third), v3.bytes);
     EXPECT_TRUE(*readFrom<RenderView>(v3) == third);
 
@@ -135,8 +128,7 @@ TEST(RenderView, EveryRecordVersion)
     ByteBuilder damaged;
     rect(damaged.tag(3), 0, 0, 0, 0);
     rect(damaged, 0, 0, 0, 0).i32(1).i32(1).tag(1).i32(1).i32(4);
-    EXPECT_FALSE(readFrom<RenderView>(damaged));
-    EXPECT_FALSE(readFrom<RenderView>(ByteBuilder().tag(4)));
+    EXPECT_FALSE(readFrom<RenderView>(damaged) || readFrom<RenderView>(ByteBuilder().tag(4)));
 }
 
 TEST(RenderView, AssetShowsTheImageSize)

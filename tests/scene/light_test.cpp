@@ -10,7 +10,6 @@
 #include "scene/rectangle_light.h"
 #include "scene/sphere_light.h"
 #include "scene/spot_light.h"
-#include "scene/sun_light.h"
 #include "support/byte_builder.h"
 #include "textures/texture_test_support.h"
 
@@ -24,13 +23,10 @@ TEST(LightFactory, GapsGiveNothingAndEachIdItsClass)
     for (int32_t id : {0, 2, 3, 4, 5, 6, 7}) {
         const auto light = createLight(id);
         ASSERT_TRUE(light) << id;
-        EXPECT_EQ(light->typeId(), static_cast<uint32_t>(id));
-        EXPECT_EQ(light->pluginType(), plugins[id]);
-        EXPECT_EQ(light->assetType(), u"light");
+        EXPECT_EQ(std::tuple(light->typeId(), light->pluginType(), light->assetType()),
+                  std::tuple(static_cast<uint32_t>(id), plugins[id], u"light"));
     }
     for (int32_t id : {1, 8, 9, -1}) EXPECT_FALSE(createLight(id)) << id;
-    EXPECT_EQ(lightTypeNames[1], u"Positional Direct Light");
-    EXPECT_EQ(lightTypeNames[8], u"Invalid Light");
 }
 
 TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
@@ -39,9 +35,9 @@ TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
     maya1.tag(1).color(0.5f, 0.25f, 1).floats({0.1f, 2, 3}).u32(7).u32(9).i32(1).boolean(false);
     const auto maya = readFrom<MayaDirectLight>(maya1);
     ASSERT_TRUE(maya);
-    EXPECT_EQ(maya->color, (Color{0.5f, 0.25f, 1}));
-    EXPECT_EQ(std::tuple(maya->causticSubdivs, maya->photonSubdivs, maya->enabled, maya->shadows, maya->shadowSubdivs),
-              std::tuple(7u, 9u, false, true, 8u));
+    EXPECT_EQ(std::tuple(maya->color, maya->causticSubdivs, maya->photonSubdivs, maya->enabled, maya->shadows,
+                         maya->shadowSubdivs),
+              std::tuple(Color{0.5f, 0.25f, 1}, 7u, 9u, false, true, 8u));
 
     // Version 2 stores one transform where later versions store key frames.
     ByteBuilder maya2;
@@ -49,23 +45,22 @@ TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
                   .u32(8).f32(0.5f), 2, 3);
     const auto keyed = readFrom<MayaDirectLight>(maya2);
     ASSERT_TRUE(keyed);
-    EXPECT_EQ(std::tuple(keyed->shadowRadius, keyed->transform.keyCount()), std::tuple(0.5f, 1));
-    EXPECT_EQ(keyed->transform.valueAt(0.0).offset, (Vector{3, 3, 3}));
+    EXPECT_EQ(std::tuple(keyed->shadowRadius, keyed->transform.keyCount(), keyed->transform.valueAt(0.0).offset),
+              std::tuple(0.5f, 1, Vector{3, 3, 3}));
 
     ByteBuilder spot1;
     spot1.tag(1).color(0.2f, 0.3f, 0.4f).floats({0, 0, 5, 1}).u32(500).u32(1000).i32(3).boolean(true);
     const auto spot = readFrom<SpotLight>(spot1);
     ASSERT_TRUE(spot);
-    EXPECT_EQ(spot->color, (Color{0.2f, 0.3f, 0.4f}));
-    EXPECT_EQ(std::tuple(spot->intensity, spot->cutoffThreshold, spot->barnDoor), std::tuple(5.0f, 0.005f, false));
+    EXPECT_EQ(std::tuple(spot->color, spot->intensity, spot->cutoffThreshold, spot->barnDoor),
+              std::tuple(Color{0.2f, 0.3f, 0.4f}, 5.0f, 0.005f, false));
 
     ByteBuilder omni3;
     transform(omni3.tag(3).color(1, 1, 1).color(0, 0, 0).floats({0.01f, 0, 0, 30, 1}).i32(2).u32(500).u32(1000)
                   .i32(3).boolean(true).boolean(true).u32(8).f32(0), 1, 0);
     const auto omni = readFrom<OmniLight>(omni3);
     ASSERT_TRUE(omni);
-    EXPECT_EQ(std::tuple(omni->units, omni->cutoffThreshold), std::tuple(2, 0.01f));
-    EXPECT_TRUE(omni->affectDiffuse && omni->affectSpecular);
+    EXPECT_TRUE(omni->units == 2 && omni->cutoffThreshold == 0.01f && omni->affectDiffuse && omni->affectSpecular);
 
     // Version 1 ends after ignoreLightNormals: no shadows, transform or size.
     ByteBuilder rect1;
@@ -86,8 +81,7 @@ TEST(LightRecords, OlderVersionsKeepTheDefaultsOfWhatTheyLack)
 
     // Unknown versions and tags with a low half stop at the tag.
     for (int32_t id : {0, 2, 6, 7}) EXPECT_FALSE(load(*createLight(id), ByteBuilder().u32(0x40001))) << id;
-    EXPECT_FALSE(readFrom<IESLight>(ByteBuilder().tag(4)));
-    EXPECT_FALSE(readFrom<SphereLight>(ByteBuilder().tag(3)));
+    EXPECT_FALSE(readFrom<IESLight>(ByteBuilder().tag(4)) || readFrom<SphereLight>(ByteBuilder().tag(3)));
 }
 
 // A field-order fault made in both the writer and the reader passes a round trip; the bytes don't.
@@ -107,10 +101,8 @@ TEST(LightRecords, NewestRecordIsPinnedToItsBytes)
 
     // The dome light writes a tag and reads nothing, not even that.
     QuickArchive dome(1);
-    ASSERT_TRUE(DomeLight().writeBinary(dome));
-    EXPECT_EQ(dome.writePosition(), 4u);
-    EXPECT_TRUE(DomeLight().readBinary(dome));
-    EXPECT_EQ(dome.readPosition(), 0u);
+    ASSERT_TRUE(DomeLight().writeBinary(dome) && dome.writePosition() == 4);
+    EXPECT_TRUE(DomeLight().readBinary(dome) && dome.readPosition() == 0);
 }
 
 TEST(LightRecords, NewestRecordsReadBackEqualAndCopiesAreEqual)
@@ -133,20 +125,16 @@ TEST(LightRecords, NewestRecordsReadBackEqualAndCopiesAreEqual)
     omni->extraScale = 2;
 
     for (const LightPtr& light : std::initializer_list<LightPtr>{spot, rect, ies, sphere, maya, omni}) {
-        QuickArchive archive(1);
-        ASSERT_TRUE(light->writeBinary(archive));
-        const auto back = createLight(static_cast<int32_t>(light->typeId()));
-        ASSERT_TRUE(back->readBinary(archive)) << light->typeId();
-        EXPECT_TRUE(back->isEqual(light)) << light->typeId();
-        EXPECT_TRUE(light->clone()->isEqual(light)) << light->typeId();
-        EXPECT_FALSE(createLight(static_cast<int32_t>(light->typeId()))->isEqual(light)) << light->typeId();
-        EXPECT_FALSE(light->isEqual(nullptr));
+        const auto id = static_cast<int32_t>(light->typeId());
+        const auto back = createLight(id);
+        ASSERT_TRUE(load(*back, recordOf(*light))) << id;
+        EXPECT_TRUE(back->isEqual(light) && light->clone()->isEqual(light)) << id;
+        EXPECT_FALSE(createLight(id)->isEqual(light) || light->isEqual(nullptr)) << id;
     }
     // The direct light's key frames are stored but not compared.
     auto sameButKeys = std::make_shared<MayaDirectLight>(*maya);
     sameButKeys->transform.clear();
-    EXPECT_TRUE(maya->isEqual(sameButKeys));
-    EXPECT_TRUE(DomeLight().isEqual(std::make_shared<DomeLight>()));
+    EXPECT_TRUE(maya->isEqual(sameButKeys) && DomeLight().isEqual(std::make_shared<DomeLight>()));
     EXPECT_FALSE(DomeLight().isEqual(spot));
 }
 
@@ -155,8 +143,7 @@ TEST(LightXml, ParametersCarryTheirOddities)
     OmniLight omni;
     omni.units = 2;
     const auto omniXml = xmlOf(omni, u"/lamp");
-    EXPECT_NE(omniXml.find("url=\"/lamp/LightOmni\" "), std::string::npos);
-    EXPECT_NE(omniXml.find("<nuvaplugin name=\"LightOmni\" type=\"light\">"), std::string::npos);
+    EXPECT_TRUE(has(omniXml, "url=\"/lamp/LightOmni\" ") && has(omniXml, "<nuvaplugin name=\"LightOmni\" type=\"light\">"));
     // The units go out as a first "causticSubdivs", ahead of the photons and the real one.
     const auto first = omniXml.find("name=\"causticSubdivs\"");
     const auto photons = omniXml.find("name=\"photonSubdivs\"");
@@ -176,7 +163,7 @@ TEST(LightXml, ParametersCarryTheirOddities)
     EXPECT_EQ(valueOf(spotXml, "Legacy Mode"), "1");
 
     // The direct light keeps its transform out of the XML; the file of an IES light is escaped.
-    EXPECT_EQ(countOf(xmlOf(MayaDirectLight(), u""), "name=\"transform\""), 0u);
+    EXPECT_FALSE(has(xmlOf(MayaDirectLight(), u""), "name=\"transform\""));
     IESLight ies;
     ies.ies_file = u"a & b.ies";
     EXPECT_EQ(valueOf(xmlOf(ies, u""), "ies_file"), "a&amp;b.ies");
@@ -184,6 +171,5 @@ TEST(LightXml, ParametersCarryTheirOddities)
     EXPECT_GT(rectXml.find("name=\"transform\""), rectXml.rfind("<parameter "));
 
     // Lights of plug-ins the XML does not know leave no trace.
-    EXPECT_EQ(xmlOf(SphereLight(), u"/x"), "");
-    EXPECT_EQ(xmlOf(DomeLight(), u"/x"), "");
+    EXPECT_EQ(xmlOf(SphereLight(), u"/x") + xmlOf(DomeLight(), u"/x"), "");
 }

@@ -27,19 +27,14 @@ TEST(SunLightRecords, EachVersionReadsItsFieldsAndOldOnesGetANewId)
     const auto first = readFrom<SunLight>(v1);
     const auto second = readFrom<SunLight>(v1);
     ASSERT_TRUE(first && second);
-    EXPECT_EQ(first->turbidity, 7.0f);
-    EXPECT_EQ(first->transform.valueAt(0.0).offset, (Vector{5, 5, 5}));
-    EXPECT_FALSE(first->sunId.empty());
-    EXPECT_FALSE(first->isEqual(second));  // each load made a new id
+    EXPECT_EQ(std::pair(first->turbidity, first->transform.valueAt(0.0).offset), std::pair(7.0f, Vector{5, 5, 5}));
+    EXPECT_FALSE(first->sunId.empty() || first->isEqual(second));  // each load made a new id
 
     ByteBuilder v3;
     sunParameters(transform(v3.tag(3), 1, 0), 4).str("{ABC}").str("Noon").boolean(false).boolean(true);
     const auto sun3 = readFrom<SunLight>(v3);
     ASSERT_TRUE(sun3);
-    EXPECT_EQ(sun3->sunId, u"{ABC}");
-    EXPECT_EQ(sun3->sunName, u"Noon");
-    EXPECT_FALSE(sun3->enabled);
-    EXPECT_TRUE(sun3->invisible);
+    EXPECT_TRUE(sun3->sunId == u"{ABC}" && sun3->sunName == u"Noon" && !sun3->enabled && sun3->invisible);
 
     // The newest record puts the key frames last; a count of 8 bytes per time is required.
     SunLight sun(u"Noon", u"{ABC}");
@@ -62,8 +57,7 @@ TEST(SunLightRecords, ACloneIsAnotherSunAndNamesCompareWithCase)
     auto sun = std::make_shared<SunLight>(u"Noon", u"{ABC}");
     const auto copy = std::dynamic_pointer_cast<SunLight>(sun->clone());
     ASSERT_TRUE(copy);
-    EXPECT_NE(copy->sunId, sun->sunId);
-    EXPECT_FALSE(copy->isEqual(sun));
+    EXPECT_FALSE(copy->sunId == sun->sunId || copy->isEqual(sun));
     copy->sunId = sun->sunId;
     EXPECT_TRUE(copy->isEqual(sun));
     copy->sunName = u"noon";
@@ -84,9 +78,8 @@ TEST(SunLightXml, WrittenOncePerWriterAndNeverTheDocumentSun)
     EXPECT_EQ(first, once.find("<parameter type=\"vector\" name=\"up_vector\""));
     EXPECT_EQ(second, once.find("<parameter type=\"float\" name=\"shadowBias\""));
     EXPECT_EQ(valueOf(once, "up_vector"), "<vector><x>0</x><y>0</y><z>1</z></vector>");
-    EXPECT_EQ(valueOf(once, "turbidity"), "5");
-    EXPECT_EQ(valueOf(once, "ozone"), "0.35");
-    EXPECT_EQ(valueOf(once, "shadow_subdivs"), "8");
+    EXPECT_EQ(std::tuple(valueOf(once, "turbidity"), valueOf(once, "ozone"), valueOf(once, "shadow_subdivs")),
+              std::tuple("5", "0.35", "8"));
     EXPECT_EQ(valueOf(once, "invisible"), "0");
     EXPECT_LT(once.find("name=\"enabled\""), once.find("name=\"shadows\""));
     EXPECT_EQ(valueOf(once, "transform"), "<vector><x>1</x><y>0</y><z>0</z></vector><vector><x>0</x><y>1</y><z>0</z>"

@@ -1,5 +1,5 @@
-// The procedural textures: the blend texture's multipliers and failure on writing (the example
-// library holds their older records and their XML).
+// The procedural textures: the blend texture's multipliers, failure on writing, and the Fresnel
+// texture's XML (the example library holds their older records and the rest of their XML).
 #include <gtest/gtest.h>
 
 #include "texture_test_support.h"
@@ -7,6 +7,7 @@
 #include "textures/bulge_texture.h"
 #include "textures/checker_texture.h"
 #include "textures/cloth_texture.h"
+#include "textures/fresnel_texture.h"
 #include "textures/grid_texture.h"
 #include "textures/invert_texture.h"
 #include "textures/noise_texture.h"
@@ -52,4 +53,17 @@ TEST(ProceduralTextures, EmptyOrFailingChildFailsTheWrite)
     QuickArchive out(1);  // a fresh checker has its children and writes at once
     EXPECT_TRUE(CheckerTexture().writeBinary(out));
     EXPECT_EQ(out.writePosition(), 4u + (4 + 4 + 48 + 52) + 2 * (4 + 20) + 2 + 8);
+}
+
+// The Fresnel colours go out as their complements, max(0, 1 - c) with no upper clamp. The second
+// child slot lies under the suffix "refraction_tex", the first under "reflection_tex".
+TEST(ProceduralTextures, FresnelComplementedColoursAndCrossedSlotSuffixes)
+{
+    FresnelTexture f;
+    f.white_color = {-0.5f, 0.25f, 3.0f};
+    f.white_color_tex = constant(0);
+    const std::string xml = xmlOf(f, u"/m");
+    EXPECT_EQ(valueOf(xml, "white_color"), "<r>1.5</r><g>0.75</g><b>0</b>");
+    EXPECT_TRUE(assetsInOrder(xml, {"/m/TexFresnel/refraction_tex/TexAColor", "/m/TexFresnel"}));
+    EXPECT_EQ(valueOf(xml, "white_color_tex"), "/m/TexFresnel/refraction_tex/TexAColor");
 }

@@ -5,21 +5,11 @@
 #include <vector>
 
 #include "texture_test_support.h"
-#include "textures/bitmap_buffer.h"
 #include "textures/bitmap_texture.h"
 #include "textures/blend_texture.h"
-#include "textures/bulge_texture.h"
-#include "textures/channel_uvw.h"
 #include "textures/checker_texture.h"
-#include "textures/cloth_texture.h"
-#include "textures/environment_uvw.h"
-#include "textures/fresnel_texture.h"
-#include "textures/grid_texture.h"
 #include "textures/invert_texture.h"
-#include "textures/noise_texture.h"
-#include "textures/ramp_texture.h"
 #include "textures/space_uvw.h"
-#include "textures/uvw_texture.h"
 
 using namespace TalvexCore;
 using namespace TalvexTest;
@@ -55,8 +45,7 @@ TEST(TextureClone, SharesNothingWithItsSource)
     EXPECT_TRUE(std::static_pointer_cast<InvertTexture>(copy)->texture->isEqual(std::make_shared<CheckerTexture>()));
     const auto bitmap = std::static_pointer_cast<BitmapTexture>(textureFromFile(u"a.png"));
     const auto bitmapCopy = std::static_pointer_cast<BitmapTexture>(bitmap->clone());
-    EXPECT_TRUE(bitmapCopy->uvwgen != bitmap->uvwgen);
-    EXPECT_TRUE(bitmapCopy->bitmap != bitmap->bitmap);
+    EXPECT_TRUE(bitmapCopy->uvwgen != bitmap->uvwgen && bitmapCopy->bitmap != bitmap->bitmap);
 }
 
 // Objects of different classes are never equal, also when all their fields agree; then children
@@ -64,12 +53,10 @@ TEST(TextureClone, SharesNothingWithItsSource)
 TEST(TextureEquality, ClassThenChildPresenceThenValue)
 {
     EXPECT_FALSE(GenPlanarWorldUVW().isEqual(std::make_shared<GenObjectUVW>()));
-    EXPECT_FALSE(AColorTexture().isEqual(std::make_shared<CheckerTexture>()));
-    EXPECT_FALSE(AColorTexture().isEqual(nullptr));
+    EXPECT_FALSE(AColorTexture().isEqual(std::make_shared<CheckerTexture>()) || AColorTexture().isEqual(nullptr));
     auto withChild = std::make_shared<InvertTexture>(), withoutChild = std::make_shared<InvertTexture>();
     withChild->texture = constant(1);
-    EXPECT_FALSE(withChild->isEqual(withoutChild));
-    EXPECT_FALSE(withoutChild->isEqual(withChild));
+    EXPECT_FALSE(withChild->isEqual(withoutChild) || withoutChild->isEqual(withChild));
     withoutChild->texture = std::make_shared<AColorTexture>(AColor{1, 1, 1, 0.5f});
     EXPECT_FALSE(withChild->isEqual(withoutChild));
 }

@@ -1,5 +1,5 @@
-// Helpers of the texture tests: hand-built child records, sample objects, an object's XML text and
-// its record written and read back.
+// Helpers of the texture tests: hand-built child records, a constant texture, the order of assets in
+// XML text, and what a failed write leaves.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "archive/quick_archive.h"
-#include "records/transform_components.h"
 #include "support/byte_builder.h"
 #include "support/xml_of.h"
 #include "textures/acolor_texture.h"
@@ -23,27 +22,6 @@ using Floats = std::vector<float>;
 inline std::shared_ptr<TalvexCore::AColorTexture> constant(float grey)
 {
     return std::make_shared<TalvexCore::AColorTexture>(TalvexCore::AColor{grey, grey, grey, 1});
-}
-
-// Components with no field at its default.
-inline TalvexCore::TransformComponents sampleComponents()
-{
-    TalvexCore::TransformComponents c;
-    c.x_rotation = 10; c.y_rotation = 20; c.z_rotation = 30; c.x_scale = 2; c.y_scale = 3; c.z_scale = 0.5f;
-    c.x_offset = 0.25f; c.y_offset = -1; c.z_offset = 4; c.x_mirror = 1; c.y_mirror = 1; c.z_mirror = 1;
-    return c;
-}
-
-// A generator with the sample components (the channel generator's texture components differ from
-// them), its matrices recomputed from them.
-template <class T>
-std::shared_ptr<T> generator()
-{
-    auto uvw = std::make_shared<T>();
-    uvw->uvwComponents = sampleComponents();
-    if constexpr (requires { uvw->texComponents; }) uvw->texComponents.z_offset = 2;
-    uvw->updateTransforms();
-    return uvw;
 }
 
 // The bytes of a transform: `s` on the diagonal, `o` in all three offsets.

@@ -168,13 +168,8 @@ TEST_F(InspectCommand, DamagedFilesSayWhereAndWhy)
     EXPECT_EQ(reasonOf(1).rfind("version tag 0x00090000 is not one of this record's", 0), 0u) << reasonOf(1);
     EXPECT_EQ(files[1]["objects"][0]["complete"], false);
     EXPECT_EQ(files[1]["failure"]["objects"][0], "material 1 (MtlSingleBRDF)");
-    EXPECT_EQ(files[2]["status"], "damaged");
-    EXPECT_EQ(files[3]["failure"]["objects"][0], "AllOptions");
-    EXPECT_EQ(files[3]["failure"]["objects"][1], "TalvexParams");
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(files[i]["status"], "damaged") << files[i];
-        EXPECT_TRUE(files[i]["failed"].get<bool>());
-    }
+    EXPECT_EQ(files[3]["failure"]["objects"], json::array({"AllOptions", "TalvexParams"}));
+    for (int i = 0; i < 4; ++i) EXPECT_TRUE(files[i]["status"] == "damaged" && files[i]["failed"].get<bool>()) << files[i];
     for (int i = 0; i < 3; ++i) {  // the conversion's own note of each damaged material file
         TalvexCore::ConversionNotes notes;
         std::string xml;
@@ -182,8 +177,7 @@ TEST_F(InspectCommand, DamagedFilesSayWhereAndWhy)
         ASSERT_TRUE(notes.failure);
         EXPECT_EQ(files[i]["failure"]["text"], describe(*notes.failure));
     }
-    EXPECT_EQ(files[4]["status"], "text");
-    EXPECT_FALSE(files[4]["failed"].get<bool>());
+    EXPECT_TRUE(files[4]["status"] == "text" && !files[4]["failed"].get<bool>());
     EXPECT_EQ(files[5]["status"], "unreadable");
 #ifdef _WIN32
     EXPECT_FALSE(files[5]["reason"].get<std::string>().empty());  // the system's own words there
@@ -202,6 +196,5 @@ TEST_F(InspectCommand, DamagedFilesSayWhereAndWhy)
     EXPECT_EQ(inspect({text}, false).status, 0);
     fs::create_directory(folder / "empty");
     const Report nothing = inspect({(folder / "empty").string()}, false);
-    EXPECT_EQ(nothing.status, 1);
-    EXPECT_NE(nothing.err.find("no material or options file"), std::string::npos);
+    EXPECT_TRUE(nothing.status == 1 && nothing.err.find("no material or options file") != std::string::npos);
 }

@@ -1,7 +1,8 @@
-"""The cindrel command: output, folders, messages and exit status."""
+"""The cindrel command: output, folders, messages, usage and exit status, and its inspection."""
+import json
 import unittest
 
-from command_fixture import EXAMPLES, InTemporaryFolder, golden, header, run
+from command_fixture import EXAMPLES, InTemporaryFolder, golden, run
 
 
 class Command(InTemporaryFolder):
@@ -20,20 +21,29 @@ class Command(InTemporaryFolder):
         self.assertEqual((out / "wood_floor.talopt.xml").read_bytes(), b"<talopt/>")
         self.assertIn(b"hand_written.talmat: not a binary material file; passed through as text", result.stderr)
 
-    def test_unreadable_and_unknown_paths_are_reported_and_fail(self):
-        result = run(EXAMPLES / "wood_floor.talmat", "/no/such/file.talmat", EXAMPLES / "../README.md")
-        self.assertEqual(result.returncode, 1)
-        self.assertEqual(result.stdout, header(EXAMPLES / "wood_floor.talmat") + golden("wood_floor.talmat"))
-        self.assertIn(b"/no/such/file.talmat: No such file or directory", result.stderr)
-        self.assertIn(b"README.md: not a material or options file", result.stderr)
-
     def test_usage(self):
-        for args, status in [((), 2), (("--bogus", "x.talmat"), 2), (("inspect",), 2),
-                             (("inspect", "--bogus", EXAMPLES), 2), (("--help",), 0)]:
+        for args in [(), ("--bogus", "x.talmat"), ("inspect",), ("inspect", "--bogus", EXAMPLES), ("upgrade",),
+                     ("upgrade", "a.talmat"), ("upgrade", "a.talmat", "b.talmat", "c.talmat"),
+                     ("upgrade", "--in-place", "-o", self.dir, "a.talmat")]:
             with self.subTest(args=args):
-                self.assertEqual(run(*args).returncode, status)
-        self.assertIn(b"Usage: cindrel", run("--help").stdout)
+                self.assertEqual(run(*args).returncode, 2)
+        for args, usage in [(("--help",), b"Usage: cindrel"), (("upgrade", "--help"), b"cindrel upgrade IN OUT")]:
+            help_ = run(*args)
+            self.assertEqual(help_.returncode, 0)
+            self.assertIn(usage, help_.stdout)
         self.assertRegex(run("--version").stdout.decode(), r"^cindrel \d+\.\d+\.\d+\n$")
+
+    def test_inspect_reports_each_file_and_fails_on_damage(self):
+        whole = run("inspect", EXAMPLES)
+        self.assertEqual(whole.returncode, 0, whole.stderr)
+        self.assertIn("single_layer.talmat: material file, version 3", whole.stdout.decode())
+        cut = self.cut(example="single_layer.talmat", length=200)
+        lines = run("inspect", "--json", cut, EXAMPLES / "default_settings.nuopt")
+        self.assertEqual(lines.returncode, 1)
+        damaged, options = [json.loads(line) for line in lines.stdout.decode().splitlines()]
+        self.assertTrue(damaged["failed"])
+        self.assertEqual(damaged["objects"][1]["class"], "MtlTALVEX")
+        self.assertEqual((options["kind"], options["failed"]), ("options", False))
 
 
 if __name__ == "__main__":

@@ -74,13 +74,6 @@ class Upgrade(InTemporaryFolder):
             f"cindrel: {self.dir / 'gone.talopt'}: No such file or directory"])
         self.assertEqual(sorted(p.name for p in out.iterdir()), ["wood_floor.talmat"])
 
-    def test_usage(self):
-        for args in [("upgrade",), ("upgrade", "a.talmat"), ("upgrade", "a.talmat", "b.talmat", "c.talmat"),
-                     ("upgrade", "--in-place", "-o", self.dir, "a.talmat")]:
-            with self.subTest(args=args):
-                self.assertEqual(run(*args).returncode, 2)
-        self.assertIn(b"cindrel upgrade IN OUT", run("upgrade", "--help").stdout)
-
 
 if __name__ == "__main__":
     unittest.main()
