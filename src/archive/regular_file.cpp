@@ -63,7 +63,8 @@ protected:
     {
         if (gptr() == egptr()) {
             start += egptr() - eback();
-            const auto got = readSome(fd, data.get(), room);
+            auto got = readSome(fd, data.get(), room);
+            while (got < 0 && errno == EINTR) got = readSome(fd, data.get(), room);
             setg(data.get(), data.get(), data.get() + std::max<decltype(got)>(got, 0));
             if (got <= 0) return traits_type::eof();
         }
