@@ -3,10 +3,10 @@
 
 #include <concepts>
 #include <cstddef>
-#include <vector>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "archive/text_conversion.h"
 #include "records/serializable.h"
