@@ -57,9 +57,10 @@ bool Base_BRDF::readBaseRecord(QuickArchive& in)
 {
     // A record read gives the name, so the default name is made only for a refused one.
     const auto version = readVersion(in, {1, 2, 3, 4});
-    if (!version) resetBaseDefaults();
-    else resetBaseFlags();
-    if (version) {
+    if (!version) {
+        resetBaseDefaults();
+    } else {
+        resetBaseFlags();
         in.readWString(name);
         if (*version >= 2) in.readBool(layer_flag_1);
         if (*version >= 3) in.readBool(layer_flag_2);

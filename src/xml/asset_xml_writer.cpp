@@ -320,30 +320,17 @@ std::u16string AssetXmlWriter::indentText() const
     putChar('\n');
 }
 
+AssetXmlWriter::UrlText AssetXmlWriter::escapedText(const XmlText& text)
+{
+    std::u16string converted;
+    escaped.clear();
+    appendUrlText(escaped, text.isWideText() ? text.wideText() : text.wideView(converted), loneSurrogates);
+    return {escaped};
+}
+
 void AssetXmlWriter::appendEscaped(const XmlText& text)
 {
-    std::u16string scratch;
-    std::u16string_view view;
-    if (text.isWideText()) {
-        // Most urls need no escaping: short text goes in one pass that gives up at the first
-        // character to escape, having kept nothing.
-        view = text.wideText();
-        if (view.size() <= shortText) {
-            const char16_t* in = view.data();
-            const char16_t* const end = in + view.size();
-            char* const start = room(3 * view.size());
-            char* const out = encodeWide<true, true>(in, end, end, start, loneSurrogates);
-            if (in == end || *in == 0) {
-                staged += static_cast<std::size_t>(out - start);
-                return;
-            }
-        }
-        view = view.substr(0, std::min(view.size(), view.find(u'\0')));
-    } else {
-        view = text.wideView(scratch);
-    }
-    if (needsEscaping(view)) putWide(escapeXml(view, true));
-    else putWide(view);
+    put(escapedText(text).text);
 }
 
 void AssetXmlWriter::openRoot(XmlText tag)
@@ -383,11 +370,12 @@ void AssetXmlWriter::closeTag(XmlText tag)
     endOperation();
 }
 
-void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout) { openAssetAt(url, type, layout); }
-void AssetXmlWriter::openAsset(UrlText url, XmlText type, XmlText layout) { openAssetAt(url, type, layout); }
+void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout)
+{
+    openAsset(escapedText(url), type, layout);
+}
 
-template <class Url>
-void AssetXmlWriter::openAssetAt(const Url& url, XmlText type, XmlText layout)
+void AssetXmlWriter::openAsset(UrlText url, XmlText type, XmlText layout)
 {
     ++indentLevel;
     indent();
@@ -396,7 +384,7 @@ void AssetXmlWriter::openAssetAt(const Url& url, XmlText type, XmlText layout)
     put("\" renderer=\"nuva\" type=\"");
     putText(type);
     put("\" url=\"");
-    appendEscaped(url);
+    put(url.text);
     put("\" >\n");
     endOperation();
 }
@@ -608,16 +596,10 @@ void AssetXmlWriter::writePluginName(XmlText name, XmlText value, XmlText label)
 
 void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref, XmlText url, XmlText label)
 {
-    writePluginAt(name, ref, url, label);
+    writePlugin(name, ref, ref ? escapedText(url) : UrlText{}, label);
 }
 
 void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref, UrlText url, XmlText label)
-{
-    writePluginAt(name, ref, url, label);
-}
-
-template <class Url>
-void AssetXmlWriter::writePluginAt(XmlText name, const TalvexXMLSerializable* ref, const Url& url, XmlText label)
 {
     noneListHead(pluginHead, name, byDefault, label, false, ref != nullptr);
     if (!ref) {
@@ -625,7 +607,7 @@ void AssetXmlWriter::writePluginAt(XmlText name, const TalvexXMLSerializable* re
         endOperation();
         return;
     }
-    appendEscaped(url);
+    put(url.text);
     if (const std::u16string* tail = ref->referenceName()) {
         putChar('/');
         putWide(*tail);
@@ -796,8 +778,25 @@ std::u16string AssetXmlWriter::unescapeXml(std::u16string_view text)
 
 bool AssetXmlWriter::appendUrlText(std::string& out, std::u16string_view url, LoneSurrogates loneSurrogates)
 {
-    // Most urls, and every url word, are short and need no escaping: one pass that gives up at the
-    // first character to escape, having kept nothing.
+    // Url words are short ASCII to take as they stand: zero and every unit from 0x80 on wrap past
+    // 0x7E, and a mask holds the three to escape.
+    constexpr uint64_t toEscape = (uint64_t{1} << '&') | (uint64_t{1} << '<') | (uint64_t{1} << '>');
+    constexpr std::size_t shortWord = 32;
+    if (url.size() <= shortWord) {
+        char plain[shortWord];
+        std::size_t i = 0;
+        for (; i < url.size(); ++i) {
+            const char16_t c = url[i];
+            if (static_cast<char16_t>(c - 1) >= 0x7F || (c < 64 && ((toEscape >> c) & 1))) break;
+            plain[i] = static_cast<char>(c);
+        }
+        if (i == url.size()) {
+            out.append(plain, i);
+            return false;
+        }
+    }
+    // Most urls are short and need no escaping: one pass that gives up at the first character to
+    // escape, having kept nothing.
     constexpr std::size_t shortUrl = 256;
     if (url.size() <= shortUrl) {
         char text[3 * shortUrl];

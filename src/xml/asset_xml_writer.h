@@ -149,12 +149,9 @@ private:
     void vectorBlock(const Vector& v);
     void componentBlock(std::string_view opening, const XmlText& name, const TransformComponents& c,
                         const XmlText& label);
+    // The text as a url is given (see appendUrlText), kept until the next call.
+    UrlText escapedText(const XmlText& text);
     void appendEscaped(const XmlText& text);
-    void appendEscaped(UrlText url) { put(url.text); }
-    template <class Url>
-    void openAssetAt(const Url& url, XmlText type, XmlText layout);
-    template <class Url>
-    void writePluginAt(XmlText name, const TalvexXMLSerializable* ref, const Url& url, XmlText label);
 
     std::u16string* wideOut = nullptr;  // one of the two is set
     std::string* utf8Out = nullptr;
@@ -162,6 +159,7 @@ private:
     Delivery delivery = Delivery::EachOperation;
     int32_t indentLevel = 0;
     std::u16string rootTag;
+    std::string escaped;  // the last text escapedText gave
     FlushSink flushSink;
     Utf8FlushSink utf8FlushSink;
     FrameStore::Lent frameStore{loneSurrogates};

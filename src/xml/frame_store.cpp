@@ -14,27 +14,6 @@ void AssetUrl::assignTo(std::u16string& out) const
     else appendNarrowAsWide(out, narrowWord);
 }
 
-namespace {
-
-// The words of urls are short ASCII that needs no escaping: appended as they stand. False, with
-// nothing appended, for any other text.
-bool appendPlainText(std::string& out, std::u16string_view text)
-{
-    // Zero and every unit from 0x80 on wrap past 0x7E, and a mask holds the three to escape.
-    constexpr uint64_t escaped = (uint64_t{1} << '&') | (uint64_t{1} << '<') | (uint64_t{1} << '>');
-    char plain[32];
-    if (text.size() > sizeof plain) return false;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t c = text[i];
-        if (static_cast<char16_t>(c - 1) >= 0x7F || (c < 64 && ((escaped >> c) & 1))) return false;
-        plain[i] = static_cast<char>(c);
-    }
-    out.append(plain, text.size());
-    return true;
-}
-
-}  // namespace
-
 // Escaping never joins text across the "/" before a url word, since no entity holds one: the text
 // of a url is its owner's text and the text of "/" and the word.
 void FrameStore::name(std::size_t index, const AssetUrl& url)
@@ -54,9 +33,8 @@ void FrameStore::name(std::size_t index, const AssetUrl& url)
     }
     url.assignTo(entry.url);
     if (!url.hasWord() || entry.urlCut) return;
-    const std::u16string_view tail = std::u16string_view(entry.url).substr(baseSize);
-    if (!appendPlainText(entry.urlText, tail))
-        entry.urlCut = AssetXmlWriter::appendUrlText(entry.urlText, tail, loneSurrogates);
+    entry.urlCut = AssetXmlWriter::appendUrlText(entry.urlText, std::u16string_view(entry.url).substr(baseSize),
+                                                 loneSurrogates);
 }
 
 namespace {
