@@ -7,6 +7,7 @@
 #include "archive/text_conversion.h"
 #include "options/options_test_support.h"
 #include "options/tal_opt_file.h"
+#include "support/scratch_folder.h"
 
 namespace TalvexTest {
 namespace {
@@ -16,7 +17,7 @@ namespace fs = std::filesystem;
 
 class TalOptFileTest : public ::testing::Test {
 protected:
-    fs::path dir = fs::temp_directory_path() / ("cindrel_talopt_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()));
+    fs::path dir = scratchFolder("cindrel_talopt");
     void SetUp() override { fs::create_directories(dir); }
     void TearDown() override { fs::remove_all(dir); }
     std::u16string path(const char* name) const { return narrowToWide((dir / name).string()); }

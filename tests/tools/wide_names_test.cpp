@@ -10,6 +10,7 @@
 
 #include "archive/file_path.h"
 #include "module/material_conversion.h"
+#include "support/scratch_folder.h"
 #include "support/tool_run.h"
 
 namespace fs = std::filesystem;
@@ -28,7 +29,7 @@ std::string readFile(const fs::path& path)
 class WideNames : public ::testing::Test {
 protected:
     const fs::path source = fs::path(CINDREL_SOURCE_DIR);
-    const fs::path folder = fs::path(::testing::TempDir()) / "cindrel_wide_names";
+    const fs::path folder = TalvexTest::scratchFolder("cindrel_wide_names");
     // "Ξύλο 😀": Greek, and U+1F600 as a surrogate pair.
     const std::u16string name = u"\u039e\u03cd\u03bb\u03bf \U0001F600";
     fs::path input;
