@@ -103,6 +103,39 @@ void appendStagedAsWide(std::u16string& out, std::string_view utf8)
     }
 }
 
+// Type names, layer names and url words are mostly a few ASCII characters. Up to sixteen units are
+// checked and packed at once, from two loads that may overlap, and written to `out` (which has room
+// for sixteen bytes); answers false, having written nothing that counts, when a unit is not ASCII,
+// is zero, or (with `escapable`) is "&", "<" or ">".
+[[gnu::always_inline]] inline bool packShortAscii(const char16_t* in, std::size_t n, char* out, bool escapable)
+{
+#if defined(__SSE2__)
+    if (n >= 8 && n <= 16) {
+        const __m128i first = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in));
+        const __m128i last = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in + n - 8));
+        const __m128i high = _mm_and_si128(_mm_or_si128(first, last), _mm_set1_epi16(static_cast<short>(0xFF80)));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi16(high, _mm_setzero_si128())) != 0xFFFF) return false;
+        const __m128i bytes = _mm_packus_epi16(first, last);
+        __m128i stops = _mm_cmpeq_epi8(bytes, _mm_setzero_si128());
+        if (escapable)
+            stops = _mm_or_si128(stops, _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('&')),
+                                                     _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('<')),
+                                                                  _mm_cmpeq_epi8(bytes, _mm_set1_epi8('>')))));
+        if (_mm_movemask_epi8(stops) != 0) return false;
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(out), bytes);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(out + n - 8), _mm_srli_si128(bytes, 8));
+        return true;
+    }
+#endif
+    if (n > 16) return false;
+    for (std::size_t i = 0; i < n; ++i) {
+        const char16_t c = in[i];
+        if (static_cast<char16_t>(c - 1) >= 0x7F || (escapable && (c == u'&' || c == u'<' || c == u'>'))) return false;
+        out[i] = static_cast<char>(c);
+    }
+    return true;
+}
+
 // Encodes units from `in` up to `end` as UTF-8 at `out`, which has room for three bytes a unit;
 // a pair may take the unit at `end` when `pairEnd` lets it. With `upToZero`, a zero unit ends the
 // text; with `escapable`, "&", "<" or ">" ends the encoding too. Answers where the output ends, and
@@ -255,6 +288,10 @@ void AssetXmlWriter::putNarrow(std::string_view text)
 // never part a surrogate pair.
 void AssetXmlWriter::putWide(std::u16string_view text)
 {
+    if (char* const start = room(16); packShortAscii(text.data(), text.size(), start, false)) {
+        staged += text.size();
+        return;
+    }
     const char16_t* in = text.data();
     const char16_t* const end = in + text.size();
     while (in < end) {
@@ -272,6 +309,10 @@ void AssetXmlWriter::putText(const XmlText& text)
     }
     // Short text goes in one pass that stops at a zero; long text is cut first and goes in pieces.
     const std::u16string_view wide = text.wideText();
+    if (char* const start = room(16); packShortAscii(wide.data(), wide.size(), start, false)) {
+        staged += wide.size();
+        return;
+    }
     if (wide.size() > shortText) {
         putWide(wide.substr(0, std::min(wide.size(), wide.find(u'\0'))));
         return;
@@ -415,7 +456,9 @@ void AssetXmlWriter::closePlugin()
     lineAscii("</nuvaplugin>");
     --indentLevel;
     lineAscii("</plugin>");
-    flush();
+    // A document handed over in pieces gathers a few assets a piece: one flush for each would
+    // cost more than the asset's text.
+    if (delivery == Delivery::EachOperation || staged >= stageSize / 2) flush();
     --indentLevel;
 }
 
@@ -778,22 +821,10 @@ std::u16string AssetXmlWriter::unescapeXml(std::u16string_view text)
 
 bool AssetXmlWriter::appendUrlText(std::string& out, std::u16string_view url, LoneSurrogates loneSurrogates)
 {
-    // Url words are short ASCII to take as they stand: zero and every unit from 0x80 on wrap past
-    // 0x7E, and a mask holds the three to escape.
-    constexpr uint64_t toEscape = (uint64_t{1} << '&') | (uint64_t{1} << '<') | (uint64_t{1} << '>');
-    constexpr std::size_t shortWord = 32;
-    if (url.size() <= shortWord) {
-        char plain[shortWord];
-        std::size_t i = 0;
-        for (; i < url.size(); ++i) {
-            const char16_t c = url[i];
-            if (static_cast<char16_t>(c - 1) >= 0x7F || (c < 64 && ((toEscape >> c) & 1))) break;
-            plain[i] = static_cast<char>(c);
-        }
-        if (i == url.size()) {
-            out.append(plain, i);
-            return false;
-        }
+    // Url words are mostly short ASCII, taken as they stand.
+    if (char plain[16]; packShortAscii(url.data(), url.size(), plain, true)) {
+        out.append(plain, url.size());
+        return false;
     }
     // Most urls are short and need no escaping: one pass that gives up at the first character to
     // escape, having kept nothing.

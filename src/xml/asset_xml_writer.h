@@ -33,8 +33,9 @@ public:
     using FlushSink = std::function<void(std::u16string& text)>;
     using Utf8FlushSink = std::function<void(std::string& text)>;
 
-    // When the text reaches the stream: at the end of each operation, or only at each flush (and
-    // whenever the writer's own buffer is full), for a document handed over in pieces.
+    // When the text reaches the stream: at the end of each operation, or, for a document handed
+    // over in pieces, at each flush the caller asks for, at an asset's end once a few KiB are
+    // gathered, and whenever the writer's own buffer is full.
     enum class Delivery { EachOperation, AtFlush };
 
     explicit AssetXmlWriter(std::u16string& stream);

@@ -234,23 +234,32 @@ TEST(AssetXmlWriter, TextIsTheSameWhereverAStopFalls)
     }
 }
 
-// A writer that hands its document over at each flush keeps it to itself until then, and writes
-// the same document.
+// A writer that hands its document over in pieces keeps it to itself until a flush, gathers a few
+// small assets a piece, and writes the same document.
 TEST(AssetXmlWriter, DeliveryAtFlushKeepsTheTextUntilTheFlush)
 {
+    const auto asset = [](AssetXmlWriter& w) {
+        w.openAsset(u"/a", "texture", "");
+        w.writeFloat("f", 0.5f);
+        w.openPlugin("TexProbe", "texture");
+        w.closePlugin();
+        w.closeAsset();
+    };
     std::string text;
+    int pieces = 0;
     AssetXmlWriter writer(text, LoneSurrogates::Replaced, AssetXmlWriter::Delivery::AtFlush);
-    writer.openAsset(u"/a", "texture", "");
-    writer.writeFloat("f", 0.5f);
+    writer.setFlushSink([&](std::string&) { ++pieces; });
+    asset(writer);
     EXPECT_TRUE(text.empty());
-    writer.openPlugin("TexProbe", "texture");
-    writer.closePlugin();
-    EXPECT_EQ(text, textOf([](AssetXmlWriter& w) {
-                  w.openAsset(u"/a", "texture", "");
-                  w.writeFloat("f", 0.5f);
-                  w.openPlugin("TexProbe", "texture");
-                  w.closePlugin();
-              }));
+    writer.flush();
+    EXPECT_EQ(text, textOf(asset));
+    EXPECT_EQ(pieces, 1);
+
+    for (int i = 0; i < 1000; ++i) asset(writer);
+    EXPECT_GT(pieces, 2);
+    EXPECT_LT(pieces, 200);
+    writer.flush();
+    EXPECT_EQ(text.size(), 1001 * textOf(asset).size());
 }
 
 TEST(AssetXmlWriter, EscapeOrder)
