@@ -481,19 +481,25 @@ void AssetXmlWriter::closeParameters()
 namespace {
 
 // The prepared openings of the parameter forms, and the common handler and list type.
-constexpr std::string_view floatHead = "<parameter type=\"float\" name=\"";
-constexpr std::string_view integerHead = "<parameter type=\"integer\" name=\"";
-constexpr std::string_view boolHead = "<parameter type=\"bool\" name=\"";
 constexpr std::string_view stringHead = "<parameter type=\"string\" name=\"";
-constexpr std::string_view pluginHead = "<parameter type=\"plugin\" name=\"";
-constexpr std::string_view colorHead = "<parameter type=\"color\" name=\"";
-constexpr std::string_view acolorHead = "<parameter type=\"acolor\" name=\"";
-constexpr std::string_view vectorHead = "<parameter type=\"vector\" name=\"";
-constexpr std::string_view matrixHead = "<parameter type=\"matrix\" name=\"";
-constexpr std::string_view transformHead = "<parameter type=\"transform\" name=\"";
 constexpr std::string_view listHead = "<parameter type=\"list\" name=\"";
 constexpr std::string_view byDefault = "\" handler=\"default\" listType=\"";
 constexpr std::string_view byFileBrowser = "\" handler=\"FileBrowserHandler\" listType=\"";
+
+// The forms whose list type is "none", each with a number of its own.
+constexpr HeadForm floatForm{"<parameter type=\"float\" name=\"", byDefault, 1};
+constexpr HeadForm integerForm{"<parameter type=\"integer\" name=\"", byDefault, 2};
+constexpr HeadForm boolForm{"<parameter type=\"bool\" name=\"", byDefault, 3};
+constexpr HeadForm stringForm{stringHead, byDefault, 4};
+constexpr HeadForm fileStringForm{stringHead, byFileBrowser, 5};
+constexpr HeadForm pluginForm{"<parameter type=\"plugin\" name=\"", byDefault, 6};
+constexpr HeadForm colorForm{"<parameter type=\"color\" name=\"", byDefault, 7};
+constexpr HeadForm acolorForm{"<parameter type=\"acolor\" name=\"", byDefault, 8};
+constexpr HeadForm vectorForm{"<parameter type=\"vector\" name=\"", byDefault, 9};
+constexpr HeadForm matrixForm{"<parameter type=\"matrix\" name=\"", byDefault, 10};
+constexpr HeadForm transformForm{"<parameter type=\"transform\" name=\"", byDefault, 11};
+constexpr HeadForm componentMatrixForm{"<parameter type=\"componentMatrix\" name=\"", byDefault, 12};
+constexpr HeadForm componentTransformForm{"<parameter type=\"componentTransform\" name=\"", byDefault, 13};
 
 }  // namespace
 
@@ -539,13 +545,13 @@ constexpr InlineEnds inlineEnds = makeInlineEnds();
 
 }  // namespace
 
-void AssetXmlWriter::noneListHead(std::string_view opening, const XmlText& name, std::string_view handler,
-                                  const XmlText& label, bool isUserData, bool withValue)
+void AssetXmlWriter::noneListHead(const HeadForm& form, const XmlText& name, const XmlText& label, bool isUserData,
+                                  bool withValue)
 {
     if (!name.isWideText() && (label.empty() || !label.isWideText())) {
-        const std::string_view made =
-            heads.find({opening, handler, name.narrowText(), label.empty() ? std::string_view() : label.narrowText(),
-                        indentLevel, isUserData, withValue});
+        const std::string_view made = heads.find(
+            {form, name.narrowText(), label.empty() ? std::string_view() : label.narrowText(), indentLevel, isUserData,
+             withValue});
         if (!made.empty()) {
             // The whole room is copied, which takes a few moves, and the head's size kept.
             std::memcpy(room(ParameterHeads::textRoom), made.data(), ParameterHeads::textRoom);
@@ -554,7 +560,7 @@ void AssetXmlWriter::noneListHead(std::string_view opening, const XmlText& name,
             return;
         }
     }
-    parameterHead(opening, name, handler, "none", label, isUserData);
+    parameterHead(form.opening, name, form.handler, "none", label, isUserData);
     if (withValue) {
         indent();
         put("<value>");
@@ -597,42 +603,42 @@ void AssetXmlWriter::blockValueEnd()
 
 void AssetXmlWriter::writeFloat(XmlText name, float value, XmlText label, bool isUserData)
 {
-    noneListHead(floatHead, name, byDefault, label, isUserData, true);
+    noneListHead(floatForm, name, label, isUserData, true);
     putFloat(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeInt(XmlText name, int32_t value, XmlText label, bool isUserData)
 {
-    noneListHead(integerHead, name, byDefault, label, isUserData, true);
+    noneListHead(integerForm, name, label, isUserData, true);
     putInt(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeBool(XmlText name, bool value, XmlText label, bool isUserData)
 {
-    noneListHead(boolHead, name, byDefault, label, isUserData, true);
+    noneListHead(boolForm, name, label, isUserData, true);
     putChar(value ? '1' : '0');
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeString(XmlText name, XmlText value, XmlText label, bool isUserData)
 {
-    noneListHead(stringHead, name, byDefault, label, isUserData, true);
+    noneListHead(stringForm, name, label, isUserData, true);
     putText(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writeFileString(XmlText name, XmlText value, XmlText label, bool isUserData)
 {
-    noneListHead(stringHead, name, byFileBrowser, label, isUserData, true);
+    noneListHead(fileStringForm, name, label, isUserData, true);
     appendEscaped(value);
     inlineValueEnd();
 }
 
 void AssetXmlWriter::writePluginName(XmlText name, XmlText value, XmlText label)
 {
-    noneListHead(pluginHead, name, byDefault, label, false, true);
+    noneListHead(pluginForm, name, label, false, true);
     putText(value);
     inlineValueEnd();
 }
@@ -644,7 +650,7 @@ void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref,
 
 void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref, UrlText url, XmlText label)
 {
-    noneListHead(pluginHead, name, byDefault, label, false, ref != nullptr);
+    noneListHead(pluginForm, name, label, false, ref != nullptr);
     if (!ref) {
         parameterEnd();
         endOperation();
@@ -688,7 +694,7 @@ void AssetXmlWriter::vectorBlock(const Vector& v)
 
 void AssetXmlWriter::writeColor(XmlText name, const Color& value, XmlText label)
 {
-    noneListHead(colorHead, name, byDefault, label, false, false);
+    noneListHead(colorForm, name, label, false, false);
     blockValueStart();
     floatLine("<r>", "</r>\n", value.r);
     floatLine("<g>", "</g>\n", value.g);
@@ -698,7 +704,7 @@ void AssetXmlWriter::writeColor(XmlText name, const Color& value, XmlText label)
 
 void AssetXmlWriter::writeAColor(XmlText name, const AColor& value, XmlText label)
 {
-    noneListHead(acolorHead, name, byDefault, label, false, false);
+    noneListHead(acolorForm, name, label, false, false);
     blockValueStart();
     floatLine("<r>", "</r>\n", value.r);
     floatLine("<g>", "</g>\n", value.g);
@@ -709,7 +715,7 @@ void AssetXmlWriter::writeAColor(XmlText name, const AColor& value, XmlText labe
 
 void AssetXmlWriter::writeVector(XmlText name, const Vector& value, XmlText label)
 {
-    noneListHead(vectorHead, name, byDefault, label, false, false);
+    noneListHead(vectorForm, name, label, false, false);
     blockValueStart();
     vectorBlock(value);
     blockValueEnd();
@@ -717,7 +723,7 @@ void AssetXmlWriter::writeVector(XmlText name, const Vector& value, XmlText labe
 
 void AssetXmlWriter::writeMatrix(XmlText name, const Matrix& value, XmlText label)
 {
-    noneListHead(matrixHead, name, byDefault, label, false, false);
+    noneListHead(matrixForm, name, label, false, false);
     blockValueStart();
     putChar('\n');  // the matrix form keeps an empty line behind its value tag
     lineAscii("<matrix>");
@@ -730,17 +736,17 @@ void AssetXmlWriter::writeMatrix(XmlText name, const Matrix& value, XmlText labe
 
 void AssetXmlWriter::writeTransform(XmlText name, const Transform& value, XmlText label)
 {
-    noneListHead(transformHead, name, byDefault, label, false, false);
+    noneListHead(transformForm, name, label, false, false);
     blockValueStart();
     for (const Vector& v : value.m.v) vectorBlock(v);
     vectorBlock(value.offset);
     blockValueEnd();
 }
 
-void AssetXmlWriter::componentBlock(std::string_view opening, const XmlText& name, const TransformComponents& c,
+void AssetXmlWriter::componentBlock(const HeadForm& form, const XmlText& name, const TransformComponents& c,
                                     const XmlText& label)
 {
-    noneListHead(opening, name, byDefault, label, false, false);
+    noneListHead(form, name, label, false, false);
     blockValueStart();
     floatLine("<x_rotation>", "</x_rotation>\n", c.x_rotation);
     floatLine("<y_rotation>", "</y_rotation>\n", c.y_rotation);
@@ -759,12 +765,12 @@ void AssetXmlWriter::componentBlock(std::string_view opening, const XmlText& nam
 
 void AssetXmlWriter::writeComponentMatrix(XmlText name, const TransformComponents& value, XmlText label)
 {
-    componentBlock("<parameter type=\"componentMatrix\" name=\"", name, value, label);
+    componentBlock(componentMatrixForm, name, value, label);
 }
 
 void AssetXmlWriter::writeComponentTransform(XmlText name, const TransformComponents& value, XmlText label)
 {
-    componentBlock("<parameter type=\"componentTransform\" name=\"", name, value, label);
+    componentBlock(componentTransformForm, name, value, label);
 }
 
 void AssetXmlWriter::openList(XmlText name, XmlText elementType, XmlText label)

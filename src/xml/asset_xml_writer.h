@@ -137,8 +137,8 @@ private:
                        const XmlText& listType, const XmlText& label, bool isUserData);
     // The head of a parameter whose list type is "none", made or copied; with `withValue`, the
     // value's tag behind it, for the caller to append the value's text.
-    void noneListHead(std::string_view opening, const XmlText& name, std::string_view handler, const XmlText& label,
-                      bool isUserData, bool withValue);
+    void noneListHead(const HeadForm& form, const XmlText& name, const XmlText& label, bool isUserData,
+                      bool withValue);
     void parameterEnd();
     void endOperation();
     // "</value>" behind the value's text, then the parameter's end.
@@ -148,7 +148,7 @@ private:
     void floatLine(std::string_view open, std::string_view close, float value);
     void intLine(std::string_view open, std::string_view close, int32_t value);
     void vectorBlock(const Vector& v);
-    void componentBlock(std::string_view opening, const XmlText& name, const TransformComponents& c,
+    void componentBlock(const HeadForm& form, const XmlText& name, const TransformComponents& c,
                         const XmlText& label);
     // The text as a url is given (see appendUrlText), kept until the next call.
     UrlText escapedText(const XmlText& text);

@@ -31,12 +31,12 @@ std::string_view ParameterHeads::makeIn(Slot* pair, const Key& key, const Parame
 
 bool ParameterHeads::make(Slot& slot, const Key& key, const ParameterHead& head)
 {
-    slot.key.opening = nullptr;
+    slot.key = Key{};
     if (head.depth < 0 || head.name.empty() || !plainAscii(head.name) || !plainAscii(head.label)) return false;
     const std::string_view label = head.label.empty() ? head.name : head.label;
     const std::string_view labelOpening = head.isUserData ? "\" isUserData=\"1\" label=\"" : "\" label=\"";
     const std::size_t indent = 2 * static_cast<std::size_t>(head.depth);
-    const std::size_t size = indent + head.opening.size() + head.name.size() + head.handler.size() + 4 +
+    const std::size_t size = indent + head.form.opening.size() + head.name.size() + head.form.handler.size() + 4 +
                              labelOpening.size() + label.size() + 3 + (head.withValue ? indent + 2 + 7 : 0);
     if (size > textRoom) return false;
 
@@ -50,10 +50,10 @@ bool ParameterHeads::make(Slot& slot, const Key& key, const ParameterHead& head)
         out += count;
     };
     blanks(indent);
-    append(head.opening);
+    append(head.form.opening);
     slot.nameAt = static_cast<uint16_t>(out - slot.text);
     append(head.name);
-    append(head.handler);
+    append(head.form.handler);
     append("none");
     append(labelOpening);
     slot.labelAt = static_cast<uint16_t>(out - slot.text);
