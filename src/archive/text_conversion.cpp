@@ -1,6 +1,9 @@
 #include "archive/text_conversion.h"
 
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace TalvexCore {
 
@@ -108,6 +111,22 @@ void appendNarrowAsWide(std::u16string& out, std::string_view narrow)
     out.resize(start + narrow.size());
     char16_t* const wide = out.data() + start;
     std::size_t ascii = 0;
+#if defined(__SSE2__)
+    // Sixteen bytes at a time while all of them are ASCII other than zero (positive as signed bytes).
+    for (; ascii + 16 <= narrow.size(); ascii += 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(narrow.data() + ascii));
+        if (_mm_movemask_epi8(_mm_cmpgt_epi8(bytes, _mm_setzero_si128())) != 0xFFFF) break;
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(wide + ascii), _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(wide + ascii + 8), _mm_unpackhi_epi8(bytes, _mm_setzero_si128()));
+    }
+    if (ascii + 8 <= narrow.size()) {
+        const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(narrow.data() + ascii));
+        if ((_mm_movemask_epi8(_mm_cmpgt_epi8(bytes, _mm_setzero_si128())) & 0xFF) == 0xFF) {
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(wide + ascii), _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
+            ascii += 8;
+        }
+    }
+#endif
     for (unsigned char c; ascii < narrow.size() && (c = static_cast<unsigned char>(narrow[ascii])) - 1u < 0x7Fu; ++ascii)
         wide[ascii] = c;
     if (ascii == narrow.size() || narrow[ascii] == '\0') {
