@@ -545,8 +545,8 @@ constexpr InlineEnds inlineEnds = makeInlineEnds();
 
 }  // namespace
 
-void AssetXmlWriter::noneListHead(const HeadForm& form, const XmlText& name, const XmlText& label, bool isUserData,
-                                  bool withValue)
+[[gnu::always_inline]] inline void AssetXmlWriter::noneListHead(const HeadForm& form, const XmlText& name,
+                                                                 const XmlText& label, bool isUserData, bool withValue)
 {
     if (!name.isWideText() && (label.empty() || !label.isWideText())) {
         const std::string_view made = heads.find(
@@ -560,6 +560,12 @@ void AssetXmlWriter::noneListHead(const HeadForm& form, const XmlText& name, con
             return;
         }
     }
+    writeNoneListHead(form, name, label, isUserData, withValue);
+}
+
+void AssetXmlWriter::writeNoneListHead(const HeadForm& form, const XmlText& name, const XmlText& label,
+                                       bool isUserData, bool withValue)
+{
     parameterHead(form.opening, name, form.handler, "none", label, isUserData);
     if (withValue) {
         indent();

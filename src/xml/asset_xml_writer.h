@@ -139,6 +139,9 @@ private:
     // value's tag behind it, for the caller to append the value's text.
     void noneListHead(const HeadForm& form, const XmlText& name, const XmlText& label, bool isUserData,
                       bool withValue);
+    // The head made in place, for one that is not kept.
+    void writeNoneListHead(const HeadForm& form, const XmlText& name, const XmlText& label, bool isUserData,
+                           bool withValue);
     void parameterEnd();
     void endOperation();
     // "</value>" behind the value's text, then the parameter's end.

@@ -41,7 +41,7 @@ public:
     static ParameterHeads& ofThisThread();
     // The head's text, with `textRoom` bytes readable behind its start, valid until the next call;
     // empty when it is not one to keep.
-    std::string_view find(const ParameterHead& head)
+    [[gnu::always_inline]] std::string_view find(const ParameterHead& head)
     {
         // Sizes and depth beyond sixteen bits make no head that fits; such heads are not kept.
         if ((head.name.size() | head.label.size() | static_cast<uint32_t>(head.depth)) > 0xFFFFu) return {};
