@@ -573,13 +573,13 @@ void AssetXmlWriter::writeNoneListHead(const HeadForm& form, const XmlText& name
     }
 }
 
-void AssetXmlWriter::parameterEnd()
+[[gnu::always_inline]] inline void AssetXmlWriter::parameterEnd()
 {
     --indentLevel;
     lineAscii("</parameter>");
 }
 
-void AssetXmlWriter::inlineValueEnd()
+[[gnu::always_inline]] inline void AssetXmlWriter::inlineValueEnd()
 {
     --indentLevel;
     if (indentLevel >= 0 && static_cast<std::size_t>(indentLevel) < inlineEnds.depths) {

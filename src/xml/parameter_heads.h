@@ -79,7 +79,7 @@ private:
     };
     // Names are short: compared eight bytes at a time, the last eight overlapping, with no call;
     // below eight, four and four.
-    static bool sameText(const char* kept, const char* given, std::size_t size)
+    [[gnu::always_inline]] static bool sameText(const char* kept, const char* given, std::size_t size)
     {
         if (size < 8) {
             if (size < 4) {
@@ -103,7 +103,7 @@ private:
             if (word(kept + i) != word(given + i)) return false;
         return word(kept + size - 8) == word(given + size - 8);
     }
-    static bool holds(const Slot& slot, const Key& key, const ParameterHead& head)
+    [[gnu::always_inline]] static bool holds(const Slot& slot, const Key& key, const ParameterHead& head)
     {
         return slot.key == key && sameText(slot.text + slot.nameAt, head.name.data(), head.name.size()) &&
                (head.label.empty() || sameText(slot.text + slot.labelAt, head.label.data(), head.label.size()));
