@@ -21,6 +21,8 @@ constexpr std::size_t shortText = 2048;
 
 // Indentation is cut from one prepared run of blanks.
 constexpr std::string_view blanks = "                                                                ";
+// The longest line of markup, or tag around a number, that is written with one check for room.
+constexpr std::size_t lineRoom = 32;
 
 // Replaces every `from` by `to`, going on behind each replacement; one pass, however many there are.
 void replaceAll(std::u16string& text, std::u16string_view from, std::u16string_view to)
@@ -356,9 +358,19 @@ std::u16string AssetXmlWriter::indentText() const
 
 [[gnu::always_inline]] inline void AssetXmlWriter::lineAscii(std::string_view text)
 {
-    indent();
-    put(text);
-    putChar('\n');
+    // Lines of markup are short: one room for the whole line, filled with no further checks.
+    const std::size_t width = 2 * static_cast<std::size_t>(std::max(indentLevel, 0));
+    if (width > blanks.size() || text.size() > lineRoom) [[unlikely]] {
+        indent();
+        put(text);
+        putChar('\n');
+        return;
+    }
+    char* const out = room(blanks.size() + lineRoom + 1);
+    std::memcpy(out, blanks.data(), blanks.size());
+    std::memcpy(out + width, text.data(), text.size());
+    out[width + text.size()] = '\n';
+    staged += width + text.size() + 1;
 }
 
 AssetXmlWriter::UrlText AssetXmlWriter::escapedText(const XmlText& text)
@@ -670,21 +682,41 @@ void AssetXmlWriter::writePlugin(XmlText name, const TalvexXMLSerializable* ref,
     inlineValueEnd();
 }
 
+template <class WriteNumber>
+[[gnu::always_inline]] inline void AssetXmlWriter::numberLine(std::string_view open, std::string_view close,
+                                                               std::size_t numberRoom, const WriteNumber& writeNumber)
+{
+    // One room for the whole line, filled with no further checks.
+    const std::size_t width = 2 * static_cast<std::size_t>(std::max(indentLevel, 0));
+    if (width > blanks.size() || open.size() > lineRoom || close.size() > lineRoom) [[unlikely]] {
+        indent();
+        put(open);
+        staged += writeNumber(room(numberRoom));
+        put(close);
+        return;
+    }
+    char* out = room(blanks.size() + 2 * lineRoom + numberRoom);
+    char* const start = out;
+    std::memcpy(out, blanks.data(), blanks.size());
+    out += width;
+    std::memcpy(out, open.data(), open.size());
+    out += open.size();
+    out += writeNumber(out);
+    std::memcpy(out, close.data(), close.size());
+    staged += static_cast<std::size_t>(out + close.size() - start);
+}
+
 [[gnu::always_inline]] inline void AssetXmlWriter::floatLine(std::string_view open, std::string_view close,
                                                               float value)
 {
-    indent();
-    put(open);
-    putFloat(value);
-    put(close);
+    numberLine(open, close, FloatTexts::textRoom, [&](char* out) { return floatTexts.write(out, value); });
 }
 
 [[gnu::always_inline]] inline void AssetXmlWriter::intLine(std::string_view open, std::string_view close, int32_t value)
 {
-    indent();
-    put(open);
-    putInt(value);
-    put(close);
+    numberLine(open, close, 16, [value](char* out) {
+        return static_cast<std::size_t>(std::to_chars(out, out + 16, value).ptr - out);
+    });
 }
 
 void AssetXmlWriter::vectorBlock(const Vector& v)

@@ -148,6 +148,11 @@ private:
     void inlineValueEnd();
     void blockValueStart();
     void blockValueEnd();
+    // A line of a number between two tags; `writeNumber(out)` writes it in `numberRoom` bytes and
+    // answers its length.
+    template <class WriteNumber>
+    void numberLine(std::string_view open, std::string_view close, std::size_t numberRoom,
+                    const WriteNumber& writeNumber);
     void floatLine(std::string_view open, std::string_view close, float value);
     void intLine(std::string_view open, std::string_view close, int32_t value);
     void vectorBlock(const Vector& v);
