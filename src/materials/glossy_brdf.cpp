@@ -27,9 +27,11 @@ bool Glossy_BRDF::writeBinary(QuickArchive& out) const
 bool Glossy_BRDF::readBinary(QuickArchive& in)
 {
     const auto version = readVersion(in, {1, 2, 3, 4, 5, 6});
-    resetDefaults();
-    if (!version) return false;
-    transparency_tex = nullptr;
+    if (!version) {
+        resetDefaults();
+        return false;
+    }
+    resetValues();
     if (*version == 6) return readNewest(in);
 
     LegacyFresnel fresnel;
@@ -89,6 +91,12 @@ void Glossy_BRDF::readAnisotropy(QuickArchive& in)
 
 void Glossy_BRDF::resetDefaults()
 {
+    resetValues();
+    transparency_tex = std::make_shared<FresnelTexture>();
+}
+
+void Glossy_BRDF::resetValues()
+{
     resetBaseDefaults();
     color = whiteColor;
     filter_color = whiteColor;
@@ -107,7 +115,7 @@ void Glossy_BRDF::resetDefaults()
     hilightGlossiness_tex = nullptr;
     reflectionGlossiness_tex = nullptr;
     color_tex = nullptr;
-    transparency_tex = std::make_shared<FresnelTexture>();
+    transparency_tex = nullptr;
 }
 
 BRDFPtr Glossy_BRDF::withClonedChildren(std::shared_ptr<Glossy_BRDF> copy) const

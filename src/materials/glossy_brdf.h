@@ -45,6 +45,8 @@ protected:
     BRDFPtr withClonedChildren(std::shared_ptr<Glossy_BRDF> copy) const;
 
 private:
+    // Every default but the transparency texture, which is left empty: a record read gives its own.
+    void resetValues();
     // The newest record behind its tag.
     bool readNewest(QuickArchive& in);
     // Rows that recur in several versions: the three texture multipliers, the anisotropy pair.

@@ -23,9 +23,11 @@ bool Mirror_BRDF::writeBinary(QuickArchive& out) const
 bool Mirror_BRDF::readBinary(QuickArchive& in)
 {
     const auto version = readVersion(in, {1, 2, 3, 4, 5});
-    resetDefaults();
-    if (!version) return false;
-    transparency_tex = nullptr;
+    if (!version) {
+        resetDefaults();
+        return false;
+    }
+    resetValues();
     LegacyFresnel fresnel;
     in.readColor(color); in.readColor(filter_color);
     in.readF32(transparency_tex_mult);
@@ -52,6 +54,12 @@ bool Mirror_BRDF::readBinary(QuickArchive& in)
 
 void Mirror_BRDF::resetDefaults()
 {
+    resetValues();
+    transparency_tex = std::make_shared<FresnelTexture>();
+}
+
+void Mirror_BRDF::resetValues()
+{
     resetBaseDefaults();
     color = whiteColor;
     filter_color = whiteColor;
@@ -59,7 +67,7 @@ void Mirror_BRDF::resetDefaults()
     color_tex_mult = 1;
     cutoff = 0.01f;
     mirror_aux_int = 1;
-    transparency_tex = std::make_shared<FresnelTexture>();
+    transparency_tex = nullptr;
     color_tex = nullptr;
 }
 

@@ -30,6 +30,10 @@ public:
     bool isEqual(const BRDFPtr& other) const override;
     void writeXml(AssetXmlWriter& writer, const std::u16string& url) const override;
     const std::u16string& pluginType() const override { return typeName<u"BRDFReflection">(); }
+
+private:
+    // Every default but the transparency texture, which is left empty: a record read gives its own.
+    void resetValues();
 };
 
 }  // namespace TalvexCore
