@@ -13,7 +13,7 @@ const std::u16string unnamedMaterial = u"DefaultMaterial";
 
 }  // namespace
 
-BaseMaterial::BaseMaterial() : name(sceneMaterials()->uniqueName(unnamedMaterial)) {}
+BaseMaterial::BaseMaterial() { sceneMaterials()->assignUniqueName(name, unnamedMaterial); }
 
 BaseMaterial::BaseMaterial(const BaseMaterial& other) : TalvexSerializable(other), TalvexXMLSerializable(other), name(other.name) {}
 
@@ -21,7 +21,7 @@ void BaseMaterial::writeXml(AssetXmlWriter& /*writer*/, const std::u16string& /*
 
 void BaseMaterial::resetBaseDefaults()
 {
-    name = sceneMaterials()->uniqueName(unnamedMaterial);
+    sceneMaterials()->assignUniqueName(name, unnamedMaterial);
     uuid.clear();
 }
 
@@ -40,7 +40,7 @@ bool BaseMaterial::readBaseRecord(QuickArchive& in)
     if (version) {
         in.readWString(name);
         // A stored name is kept as read; only a missing one is made anew.
-        if (name.empty()) name = sceneMaterials()->uniqueName(unnamedMaterial);
+        if (name.empty()) sceneMaterials()->assignUniqueName(name, unnamedMaterial);
         if (*version == 2) in.readWString(uuid);
     }
     stripControlCharacters(name);

@@ -165,15 +165,22 @@ bool SceneMaterials::checkName(const std::u16string& name, std::u16string& messa
 
 std::u16string SceneMaterials::uniqueName(const std::u16string& name) const
 {
+    std::u16string candidate;
+    assignUniqueName(candidate, name);
+    return candidate;
+}
+
+void SceneMaterials::assignUniqueName(std::u16string& out, const std::u16string& name) const
+{
     std::size_t end = name.size();
     while (end > 0 && isWideDigit(name[end - 1])) --end;
-    std::u16string candidate = name.substr(0, end);
-    for (uint64_t counter = 1; !isNameFree(candidate); ++counter) {
-        candidate.resize(end);
-        candidate += narrowToWide(std::to_string(counter));
+    out.assign(name, 0, end);
+    for (uint64_t counter = 1; !isNameFree(out); ++counter) {
+        out.resize(end);
+        out += narrowToWide(std::to_string(counter));
     }
     // The legal form is not tested again: it may be a name in use.
-    return legalizeName(std::move(candidate));
+    out = legalizeName(std::move(out));
 }
 
 std::u16string SceneMaterials::legalizeName(std::u16string name)

@@ -51,6 +51,8 @@ public:
     bool checkName(const std::u16string& name, std::u16string& message) const;
     // A free name: trailing digits dropped, a counter from 1 added until free, then legalised.
     std::u16string uniqueName(const std::u16string& name) const;
+    // The same, made in the room `out` already has; `out` is not `name`.
+    void assignUniqueName(std::u16string& out, const std::u16string& name) const;
     // Blanks become underscores; a leading digit gets an "a" in front.
     static std::u16string legalizeName(std::u16string name);
 
