@@ -288,12 +288,16 @@ void AssetXmlWriter::putNarrow(std::string_view text)
 
 // The model's wide text, all of it, turned into UTF-8 straight into the stage, in pieces that
 // never part a surrogate pair.
+[[gnu::always_inline]] inline bool AssetXmlWriter::putShortAscii(std::u16string_view text)
+{
+    if (!packShortAscii(text.data(), text.size(), room(16), false)) return false;
+    staged += text.size();
+    return true;
+}
+
 void AssetXmlWriter::putWide(std::u16string_view text)
 {
-    if (char* const start = room(16); packShortAscii(text.data(), text.size(), start, false)) {
-        staged += text.size();
-        return;
-    }
+    if (putShortAscii(text)) return;
     const char16_t* in = text.data();
     const char16_t* const end = in + text.size();
     while (in < end) {
@@ -311,10 +315,7 @@ void AssetXmlWriter::putText(const XmlText& text)
     }
     // Short text goes in one pass that stops at a zero; long text is cut first and goes in pieces.
     const std::u16string_view wide = text.wideText();
-    if (char* const start = room(16); packShortAscii(wide.data(), wide.size(), start, false)) {
-        staged += wide.size();
-        return;
-    }
+    if (putShortAscii(wide)) return;
     if (wide.size() > shortText) {
         putWide(wide.substr(0, std::min(wide.size(), wide.find(u'\0'))));
         return;
@@ -336,15 +337,23 @@ void AssetXmlWriter::putText(const XmlText& text)
     staged += static_cast<std::size_t>(std::to_chars(start, start + 16, value).ptr - start);
 }
 
+[[gnu::always_inline]] inline char* AssetXmlWriter::indentedRoom(std::size_t n)
+{
+    const std::size_t width = 2 * static_cast<std::size_t>(std::max(indentLevel, 0));
+    if (width > blanks.size()) [[unlikely]] return nullptr;
+    // The whole run is copied, which the compiler does in a few moves; the caller counts the width.
+    char* const out = room(blanks.size() + n);
+    std::memcpy(out, blanks.data(), blanks.size());
+    return out + width;
+}
+
 [[gnu::always_inline]] inline void AssetXmlWriter::indent()
 {
-    std::size_t width = 2 * static_cast<std::size_t>(std::max(indentLevel, 0));
-    if (width <= blanks.size()) {
-        // The whole run is copied, which the compiler does in a few moves, and the width kept.
-        std::memcpy(room(blanks.size()), blanks.data(), blanks.size());
-        staged += width;
+    if (char* const out = indentedRoom(0)) {
+        staged = static_cast<std::size_t>(out - stage);
         return;
     }
+    std::size_t width = 2 * static_cast<std::size_t>(indentLevel);
     for (; width > blanks.size(); width -= blanks.size()) put(blanks);
     put(blanks.substr(0, width));
 }
@@ -359,18 +368,15 @@ std::u16string AssetXmlWriter::indentText() const
 [[gnu::always_inline]] inline void AssetXmlWriter::lineAscii(std::string_view text)
 {
     // Lines of markup are short: one room for the whole line, filled with no further checks.
-    const std::size_t width = 2 * static_cast<std::size_t>(std::max(indentLevel, 0));
-    if (width > blanks.size() || text.size() > lineRoom) [[unlikely]] {
-        indent();
-        put(text);
-        putChar('\n');
+    if (char* const out = text.size() <= lineRoom ? indentedRoom(lineRoom + 1) : nullptr) {
+        std::memcpy(out, text.data(), text.size());
+        out[text.size()] = '\n';
+        staged = static_cast<std::size_t>(out + text.size() + 1 - stage);
         return;
     }
-    char* const out = room(blanks.size() + lineRoom + 1);
-    std::memcpy(out, blanks.data(), blanks.size());
-    std::memcpy(out + width, text.data(), text.size());
-    out[width + text.size()] = '\n';
-    staged += width + text.size() + 1;
+    indent();
+    put(text);
+    putChar('\n');
 }
 
 AssetXmlWriter::UrlText AssetXmlWriter::escapedText(const XmlText& text)
@@ -687,23 +693,19 @@ template <class WriteNumber>
                                                                std::size_t numberRoom, const WriteNumber& writeNumber)
 {
     // One room for the whole line, filled with no further checks.
-    const std::size_t width = 2 * static_cast<std::size_t>(std::max(indentLevel, 0));
-    if (width > blanks.size() || open.size() > lineRoom || close.size() > lineRoom) [[unlikely]] {
+    char* out = open.size() <= lineRoom && close.size() <= lineRoom ? indentedRoom(2 * lineRoom + numberRoom) : nullptr;
+    if (!out) [[unlikely]] {
         indent();
         put(open);
         staged += writeNumber(room(numberRoom));
         put(close);
         return;
     }
-    char* out = room(blanks.size() + 2 * lineRoom + numberRoom);
-    char* const start = out;
-    std::memcpy(out, blanks.data(), blanks.size());
-    out += width;
     std::memcpy(out, open.data(), open.size());
     out += open.size();
     out += writeNumber(out);
     std::memcpy(out, close.data(), close.size());
-    staged += static_cast<std::size_t>(out + close.size() - start);
+    staged = static_cast<std::size_t>(out + close.size() - stage);
 }
 
 [[gnu::always_inline]] inline void AssetXmlWriter::floatLine(std::string_view open, std::string_view close,

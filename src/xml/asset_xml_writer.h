@@ -129,6 +129,12 @@ private:
     void putText(const XmlText& text);
     void putFloat(float value);
     void putInt(int32_t value);
+    // Short ASCII text (no zero) put as it stands; false, having put nothing, for any other.
+    bool putShortAscii(std::u16string_view text);
+    // Room for the indentation and `n` bytes behind it, the indentation copied in, and where the
+    // line goes on; null where the indentation is deeper than the run of blanks. The caller sets
+    // `staged` to the end of what it writes.
+    char* indentedRoom(std::size_t n);
     void indent();
     void lineAscii(std::string_view text);
     // `opening` holds the element up to the name's value (`<parameter type="float" name="`), and
