@@ -34,13 +34,26 @@ constexpr int notRegularFile = -1;
 constexpr int folderNotFile = -2;
 #endif
 
+// Reads at most this much at a time; a file of this size or less arrives in one read.
+constexpr std::size_t readSize = std::size_t(1) << 16;
+
 #ifdef _WIN32
-int readSome(int fd, char* into, std::size_t size) { return ::_read(fd, into, static_cast<unsigned>(size)); }
+// The descriptor's own position stands at `offset`: every seek goes through the system.
+int readAt(int fd, char* into, std::size_t size, int64_t /*offset*/)
+{
+    return ::_read(fd, into, static_cast<unsigned>(size));
+}
 int64_t seekTo(int fd, int64_t offset, int whence) { return ::_lseeki64(fd, offset, whence); }
 void closeDescriptor(int fd) { ::_close(fd); }
 #else
-ssize_t readSome(int fd, char* into, std::size_t size) { return ::read(fd, into, size); }
-int64_t seekTo(int fd, int64_t offset, int whence) { return ::lseek(fd, offset, whence); }
+// Every read names its offset, so the descriptor's position means nothing and no seek asks the system.
+ssize_t readAt(int fd, char* into, std::size_t size, int64_t offset)
+{
+    ssize_t got = ::pread(fd, into, size, static_cast<off_t>(offset));
+    while (got < 0 && errno == EINTR) got = ::pread(fd, into, size, static_cast<off_t>(offset));
+    return got;
+}
+int64_t seekTo(int fd, int64_t offset, int whence) { return whence == SEEK_END ? ::lseek(fd, offset, whence) : offset; }
 void closeDescriptor(int fd) { ::close(fd); }
 #endif
 
@@ -48,13 +61,11 @@ void closeDescriptor(int fd) { ::close(fd); }
 // arrives in one read, and only a seek outside what was read last asks the system again.
 class DescriptorBuffer final : public std::streambuf {
 public:
-    DescriptorBuffer(int fd, int64_t fileSize)
-        : fd(fd),
-          // One byte more than the file, so that a file read whole is seen to end.
-          room(static_cast<std::size_t>(std::clamp<int64_t>(fileSize + 1, 1, int64_t{1} << 16))),
-          data(std::make_unique_for_overwrite<char[]>(room))
+    // `first` holds the file's first `firstSize` bytes, already read, in `room` bytes.
+    DescriptorBuffer(int fd, std::unique_ptr<char[]> first, std::size_t room, std::size_t firstSize)
+        : fd(fd), room(room), data(std::move(first))
     {
-        setg(data.get(), data.get(), data.get());
+        setg(data.get(), data.get(), data.get() + firstSize);
     }
     ~DescriptorBuffer() override { closeDescriptor(fd); }
 
@@ -63,8 +74,7 @@ protected:
     {
         if (gptr() == egptr()) {
             start += egptr() - eback();
-            auto got = readSome(fd, data.get(), room);
-            while (got < 0 && errno == EINTR) got = readSome(fd, data.get(), room);
+            const auto got = readAt(fd, data.get(), room, start);
             setg(data.get(), data.get(), data.get() + std::max<decltype(got)>(got, 0));
             if (got <= 0) return traits_type::eof();
         }
@@ -146,14 +156,16 @@ RegularFile::RegularFile(const std::u16string& path)
         ::CloseHandle(handle);
         return;
     }
-    buffer = std::make_unique<DescriptorBuffer>(fd, static_cast<int64_t>(information.nFileSizeHigh) << 32 |
-                                                        information.nFileSizeLow);
+    const int64_t size = static_cast<int64_t>(information.nFileSizeHigh) << 32 | information.nFileSizeLow;
+    // One byte more than the file, so that a file read whole is seen to end.
+    const auto room = static_cast<std::size_t>(std::clamp<int64_t>(size + 1, 1, int64_t{readSize}));
+    buffer = std::make_unique<DescriptorBuffer>(fd, std::make_unique_for_overwrite<char[]>(room), room, 0);
     in.rdbuf(buffer.get());
 }
 
 #else
 
-RegularFile::RegularFile(const std::u16string& path) : RegularFile(filePath(path).native()) {}
+RegularFile::RegularFile(const std::u16string& path) : RegularFile(wideToFileName(path)) {}
 
 RegularFile::RegularFile(const std::string& fileName)
 {
@@ -163,16 +175,26 @@ RegularFile::RegularFile(const std::string& fileName)
         error = errno;
         return;
     }
-    struct stat status {};
-    if (::fstat(fd, &status) != 0) error = errno;
-    else if (S_ISDIR(status.st_mode)) error = EISDIR;
-    else if (!S_ISREG(status.st_mode)) error = notRegularFile;
+    // The first bytes are read before anything asks what the path names: a read at an offset is
+    // refused by a FIFO or a terminal, taking nothing from it, and by a folder. A read that comes
+    // back short of the room has found a file's end, and an ordinary file costs no more than that.
+    // Only a read that fills the room or finds nothing asks the system, so that a device is refused
+    // (one that never ends, or one that is empty) and an empty file opens.
+    auto first = std::make_unique_for_overwrite<char[]>(readSize);
+    const ssize_t got = readAt(fd, first.get(), readSize, 0);
+    if (got < 0) error = errno == ESPIPE ? notRegularFile : errno;
+    if (got == 0 || static_cast<std::size_t>(got) == readSize) {
+        struct stat status {};
+        if (::fstat(fd, &status) != 0) error = errno;
+        else if (S_ISDIR(status.st_mode)) error = EISDIR;
+        else if (!S_ISREG(status.st_mode)) error = notRegularFile;
+    }
     if (error != 0) {
         ::close(fd);
         return;
     }
     // O_NONBLOCK stays: it changes nothing in the reading of a regular file.
-    buffer = std::make_unique<DescriptorBuffer>(fd, static_cast<int64_t>(status.st_size));
+    buffer = std::make_unique<DescriptorBuffer>(fd, std::move(first), readSize, static_cast<std::size_t>(got));
     in.rdbuf(buffer.get());
 }
 
