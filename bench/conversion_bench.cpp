@@ -281,7 +281,8 @@ bool reportPythonCommand(const fs::path& input, double parseSeconds)
 }
 
 // getTalmatXml on a one-material file against opening and reading that file in Python, each the
-// best of several runs in one interpreter: a small call must cost less than reading its file.
+// best of many runs in one interpreter: a small call must cost less than reading its file. The two
+// run in turns, so that a spell of a slower machine reaches both sides of the ratio.
 bool reportSmallPythonCall(const fs::path& dir)
 {
 #ifdef CINDREL_MODULE_DIR
@@ -295,11 +296,13 @@ bool reportSmallPythonCall(const fs::path& dir)
         "def read():\n"
         "    with open(path, 'rb') as f:\n"
         "        return f.read()\n"
-        "def best(run):\n"
-        "    return min(timeit.repeat(run, number=2000, repeat=7)) / 2000\n"
         "call = lambda: Cindrel.getTalmatXml(path)\n"
         "call()\n"
-        "print('%f %f' % (best(call), best(read)))\n";
+        "bestCall = bestRead = float('inf')\n"
+        "for turn in range(30):\n"
+        "    bestCall = min(bestCall, timeit.timeit(call, number=1000) / 1000)\n"
+        "    bestRead = min(bestRead, timeit.timeit(read, number=1000) / 1000)\n"
+        "print('%.9f %.9f' % (bestCall, bestRead))\n";
     const std::vector<double> numbers = pythonNumbers(script, input, 2, "the one-material file");
     if (numbers.empty()) return false;
     const double call = numbers[0], read = numbers[1];
