@@ -8,7 +8,8 @@
 namespace TalvexCore {
 
 // Opens a path for binary input without ever blocking: a FIFO, a device, a socket or a folder is
-// refused before a byte is read, since reading one could wait for ever or never end.
+// refused, since reading one could wait for ever or never end. A FIFO or a terminal gives up no
+// byte to the attempt; a device that answers reads is refused after its first one.
 class RegularFile {
 public:
     explicit RegularFile(const std::string& fileName);     // the name's bytes
