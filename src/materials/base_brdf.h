@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "archive/value_types.h"
 #include "records/serializable.h"
@@ -26,14 +27,14 @@ struct LayerParameter {
     LayerParameter(const char* name, const std::shared_ptr<BaseTexture>& child, const char* urlWord)
         : name(name), form(Form::Texture), texture(&child), urlWord(urlWord) {}
 
-    const char* name;
+    std::string_view name;  // measured where the table is made, from its literal
     Form form;
     Color color{};
     float number = 0;
     int32_t integer = 0;
     bool flag = false;
     const std::shared_ptr<BaseTexture>* texture = nullptr;
-    const char* urlWord = nullptr;
+    std::string_view urlWord;
 };
 
 // The two retired values that old reflection records (mirror and glossy) keep in their heads where

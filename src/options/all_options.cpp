@@ -91,7 +91,7 @@ void AllOptions::writeXml(AssetXmlWriter& writer, const std::u16string& url) con
         writer.openAssets();
         std::vector<ChildSlot> slots;
         for (const SettingChild& child : settingChildren(group, own))
-            slots.emplace_back(child.parameter.data(), child.urlWord.data(), child.child);
+            slots.emplace_back(child.parameter, child.urlWord, child.child);
         const AssetFrame asset(writer, GroupAsset(group), AssetUrl(url, group), "", slots);
         writeSettingParameters(writer, group, asset.url(), parameters, frame, own, lens);
         asset.close();

@@ -10,7 +10,7 @@ void AssetFrame::setChild(std::size_t index, const ChildSlot& slot)
     FrameStore::Entry& child = store[first + 1 + index];
     child.slot = slot;
     if (!slot.child) return;  // its parameter names nothing, so it needs no url
-    if (slot.urlWord) store.name(first + 1 + index, AssetUrl(store[first].url, slot.urlWord));
+    if (slot.hasUrlWord()) store.name(first + 1 + index, AssetUrl(store[first].url, slot.urlWord));
     else store.name(first + 1 + index, AssetUrl(store[first].url));
 }
 

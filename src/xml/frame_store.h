@@ -18,16 +18,28 @@ namespace TalvexCore {
 // which the child extends as it does (a material's layers add their names).
 struct ChildSlot {
     ChildSlot() = default;
-    ChildSlot(const char* parameter, const char* urlWord, const TalvexXMLSerializable* child)
+    // The words are measured here, where a literal's length is known as the code is compiled.
+    ChildSlot(std::string_view parameter, std::string_view urlWord, const TalvexXMLSerializable* child)
         : parameter(parameter), urlWord(urlWord), child(child) {}
+    ChildSlot(const char* parameter, const char* urlWord, const TalvexXMLSerializable* child)
+        : ChildSlot(words(parameter), words(urlWord), child) {}
     template <class T>
         requires std::derived_from<T, TalvexXMLSerializable>
     ChildSlot(const char* parameter, const char* urlWord, const std::shared_ptr<T>& child)
         : ChildSlot(parameter, urlWord, static_cast<const TalvexXMLSerializable*>(child.get())) {}
+    template <class T>
+        requires std::derived_from<T, TalvexXMLSerializable>
+    ChildSlot(std::string_view parameter, std::string_view urlWord, const std::shared_ptr<T>& child)
+        : ChildSlot(parameter, urlWord, static_cast<const TalvexXMLSerializable*>(child.get())) {}
 
-    const char* parameter = nullptr;
-    const char* urlWord = nullptr;
+    bool hasUrlWord() const { return urlWord.data() != nullptr; }
+
+    std::string_view parameter;
+    std::string_view urlWord;  // no text at all (not even an empty one): no url word
     const TalvexXMLSerializable* child = nullptr;  // null: no child
+
+private:
+    static std::string_view words(const char* text) { return text ? std::string_view(text) : std::string_view(); }
 };
 
 // An asset's url: its owner's url and, when a word is given, "/" and the word. A wide word is
