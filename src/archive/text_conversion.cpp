@@ -106,6 +106,32 @@ void encodeUtf8(char32_t cp, std::string& out)
 
 void appendNarrowAsWide(std::u16string& out, std::string_view narrow)
 {
+    // A word of plain ASCII, the most common text, is widened beside and appended in one step.
+    if (narrow.size() <= 16) {
+        char16_t word[16];
+        const std::size_t n = narrow.size();
+        bool plain = true;
+#if defined(__SSE2__)
+        if (n >= 8) {
+            // Two loads of eight bytes, overlapping where the word is shorter than sixteen.
+            const __m128i head = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(narrow.data()));
+            const __m128i tail = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(narrow.data() + n - 8));
+            plain = (_mm_movemask_epi8(_mm_cmpgt_epi8(head, _mm_setzero_si128())) &
+                     _mm_movemask_epi8(_mm_cmpgt_epi8(tail, _mm_setzero_si128())) & 0xFF) == 0xFF;
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(word), _mm_unpacklo_epi8(head, _mm_setzero_si128()));
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(word + n - 8), _mm_unpacklo_epi8(tail, _mm_setzero_si128()));
+        } else
+#endif
+            for (std::size_t i = 0; i < n && plain; ++i) {
+                const auto c = static_cast<unsigned char>(narrow[i]);
+                plain = c - 1u < 0x7Fu;
+                word[i] = c;
+            }
+        if (plain) {
+            out.append(word, n);
+            return;
+        }
+    }
     // Widened in place in one pass, up to a zero, as long as the text is ASCII; most text is.
     const std::size_t start = out.size();
     out.resize(start + narrow.size());

@@ -69,6 +69,37 @@ TEST(TextConversion, OneWayCases)
     EXPECT_EQ(out, u"kept \u00e9");
 }
 
+// Every length around the short and the sixteen-byte steps, with a zero, a Windows-1252 byte or a
+// UTF-8 sequence at every place: the text widens as it would one byte at a time.
+TEST(TextConversion, NarrowTextWidensAlikeAtEveryLengthAndPlace)
+{
+    const auto expected = [](const std::string& narrow) {
+        std::u16string wide = u"kept ";
+        const std::string text = narrow.substr(0, narrow.find('\0'));
+        // A lone byte above ASCII is never valid UTF-8: the text is read as Windows-1252.
+        for (const char c : text) wide += c == '\x80' ? u'\u20AC' : static_cast<char16_t>(static_cast<unsigned char>(c));
+        return wide;
+    };
+    for (std::size_t size = 0; size <= 40; ++size) {
+        std::string plain(size, 'a');
+        for (std::size_t i = 0; i < size; ++i) plain[i] = static_cast<char>('a' + i % 26);
+        std::u16string out = u"kept ";
+        appendNarrowAsWide(out, plain);
+        EXPECT_EQ(out, expected(plain)) << size;
+        for (std::size_t at = 0; at < size; ++at)
+            for (const char odd : {'\0', '\x80', '\xE9'}) {
+                std::string text = plain;
+                text[at] = odd;
+                out = u"kept ";
+                appendNarrowAsWide(out, text);
+                EXPECT_EQ(out, expected(text)) << size << " " << at << " " << int(odd);
+            }
+    }
+    std::u16string out = u"kept ";
+    appendNarrowAsWide(out, "caf\xC3\xA9s");
+    EXPECT_EQ(out, u"kept caf\u00e9s");
+}
+
 TEST(TextConversion, FileNamesKeepTheirBytes)
 {
     // Stray bytes stand as lone surrogates U+DC80..U+DCFF; valid UTF-8 around them decodes.
