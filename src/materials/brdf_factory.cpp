@@ -4,6 +4,7 @@
 #include "materials/glossy_brdf.h"
 #include "materials/light_brdf.h"
 #include "materials/mirror_brdf.h"
+#include "records/object_runs.h"
 
 namespace TalvexCore {
 
@@ -11,12 +12,12 @@ namespace TalvexCore {
 BRDFPtr createBRDF(uint32_t id)
 {
     switch (id) {
-    case 1: return std::make_shared<Glass_BRDF>();
-    case 2: return std::make_shared<Diffuse_BRDF>();
-    case 4: return std::make_shared<Blinn_BRDF>();
-    case 8: return std::make_shared<Phong_BRDF>();
-    case 16: return std::make_shared<Mirror_BRDF>();
-    case 32: return std::make_shared<Light_BRDF>();
+    case 1: return makeObject<Glass_BRDF>();
+    case 2: return makeObject<Diffuse_BRDF>();
+    case 4: return makeObject<Blinn_BRDF>();
+    case 8: return makeObject<Phong_BRDF>();
+    case 16: return makeObject<Mirror_BRDF>();
+    case 32: return makeObject<Light_BRDF>();
     default: return nullptr;
     }
 }

@@ -14,6 +14,7 @@
 #include "materials/material_single_brdf.h"
 #include "materials/material_skp2sided.h"
 #include "materials/material_toon.h"
+#include "records/object_runs.h"
 
 namespace TalvexCore {
 
@@ -21,21 +22,21 @@ namespace TalvexCore {
 MaterialPtr createMaterial(uint32_t id)
 {
     switch (id) {
-    case 0: return std::make_shared<MaterialSingleBRDF>();
-    case 1: return std::make_shared<MaterialLayeredBRDF>();
-    case 2: return std::make_shared<MaterialMulti>();
-    case 3: return std::make_shared<MaterialBump>();
-    case 4: return std::make_shared<MaterialInstance>();
-    case 5: return std::make_shared<Material2Sided>();
-    case 6: return std::make_shared<MaterialLinked>();
-    case 7: return std::make_shared<MaterialSkp2Sided>();
-    case 8: return std::make_shared<MaterialOverrideEnvironment>();
-    case 9: return std::make_shared<MaterialDisplaced>();
-    case 10: return std::make_shared<MaterialObjectExclusion>();
-    case 11: return std::make_shared<MaterialAlphaContribution>();
-    case 12: return std::make_shared<MaterialAngleBlend>();
-    case 13: return std::make_shared<MaterialReference>();
-    case 14: return std::make_shared<MaterialToon>();
+    case 0: return makeObject<MaterialSingleBRDF>();
+    case 1: return makeObject<MaterialLayeredBRDF>();
+    case 2: return makeObject<MaterialMulti>();
+    case 3: return makeObject<MaterialBump>();
+    case 4: return makeObject<MaterialInstance>();
+    case 5: return makeObject<Material2Sided>();
+    case 6: return makeObject<MaterialLinked>();
+    case 7: return makeObject<MaterialSkp2Sided>();
+    case 8: return makeObject<MaterialOverrideEnvironment>();
+    case 9: return makeObject<MaterialDisplaced>();
+    case 10: return makeObject<MaterialObjectExclusion>();
+    case 11: return makeObject<MaterialAlphaContribution>();
+    case 12: return makeObject<MaterialAngleBlend>();
+    case 13: return makeObject<MaterialReference>();
+    case 14: return makeObject<MaterialToon>();
     default: return nullptr;
     }
 }

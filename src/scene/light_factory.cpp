@@ -7,19 +7,20 @@
 #include "scene/sphere_light.h"
 #include "scene/spot_light.h"
 #include "scene/sun_light.h"
+#include "records/object_runs.h"
 
 namespace TalvexCore {
 
 LightPtr createLight(int32_t id)
 {
     switch (id) {
-    case 0: return std::make_shared<MayaDirectLight>();
-    case 2: return std::make_shared<OmniLight>();
-    case 3: return std::make_shared<RectangleLight>();
-    case 4: return std::make_shared<SpotLight>();
-    case 5: return std::make_shared<SunLight>();
-    case 6: return std::make_shared<IESLight>();
-    case 7: return std::make_shared<SphereLight>();
+    case 0: return makeObject<MayaDirectLight>();
+    case 2: return makeObject<OmniLight>();
+    case 3: return makeObject<RectangleLight>();
+    case 4: return makeObject<SpotLight>();
+    case 5: return makeObject<SunLight>();
+    case 6: return makeObject<IESLight>();
+    case 7: return makeObject<SphereLight>();
     default: return nullptr;  // 1 has no class, and no file makes the dome light of 8
     }
 }

@@ -22,25 +22,26 @@
 #include "textures/sky_texture.h"
 #include "textures/space_uvw.h"
 #include "textures/uvw_texture.h"
+#include "records/object_runs.h"
 
 namespace TalvexCore {
 
 TexturePtr createTexture(uint32_t id)
 {
     switch (id) {
-    case 0: return std::make_shared<BitmapTexture>();
-    case 1: return std::make_shared<FresnelTexture>();
-    case 2: return std::make_shared<UVWTexture>();
-    case 3: return std::make_shared<NoiseTexture>();
-    case 4: return std::make_shared<CheckerTexture>();
-    case 5: return std::make_shared<AColorTexture>();
-    case 6: return std::make_shared<GridTexture>();
-    case 7: return std::make_shared<ClothTexture>();
-    case 8: return std::make_shared<BulgeTexture>();
-    case 9: return std::make_shared<InvertTexture>();
-    case 10: return std::make_shared<BlendTexture>();
-    case 11: return std::make_shared<RampTexture>();
-    case 12: return std::make_shared<SkyTexture>();
+    case 0: return makeObject<BitmapTexture>();
+    case 1: return makeObject<FresnelTexture>();
+    case 2: return makeObject<UVWTexture>();
+    case 3: return makeObject<NoiseTexture>();
+    case 4: return makeObject<CheckerTexture>();
+    case 5: return makeObject<AColorTexture>();
+    case 6: return makeObject<GridTexture>();
+    case 7: return makeObject<ClothTexture>();
+    case 8: return makeObject<BulgeTexture>();
+    case 9: return makeObject<InvertTexture>();
+    case 10: return makeObject<BlendTexture>();
+    case 11: return makeObject<RampTexture>();
+    case 12: return makeObject<SkyTexture>();
     default: return nullptr;
     }
 }
@@ -48,10 +49,10 @@ TexturePtr createTexture(uint32_t id)
 UVWPtr createUVW(uint32_t id)
 {
     switch (id) {
-    case 0: return std::make_shared<GenPlanarWorldUVW>();
-    case 1: return std::make_shared<GenObjectUVW>();
-    case 3: return std::make_shared<GenEnvironmentUVW>();
-    case 4: return std::make_shared<GenChannelUVW>();
+    case 0: return makeObject<GenPlanarWorldUVW>();
+    case 1: return makeObject<GenObjectUVW>();
+    case 3: return makeObject<GenEnvironmentUVW>();
+    case 4: return makeObject<GenChannelUVW>();
     default: return nullptr;  // there is no id 2
     }
 }
@@ -63,13 +64,13 @@ UVWPtr createDefaultUVW()
 
 BitmapPtr createBitmap(uint32_t id)
 {
-    return id == 0 ? std::make_shared<BitmapBuffer>() : nullptr;
+    return id == 0 ? makeObject<BitmapBuffer>() : nullptr;
 }
 
 TexturePtr textureFromFile(const std::u16string& path)
 {
     if (path.empty()) return nullptr;
-    auto texture = std::make_shared<BitmapTexture>();
+    auto texture = makeObject<BitmapTexture>();
     texture->uvwgen = createUVW(4);
     auto buffer = std::dynamic_pointer_cast<BitmapBuffer>(createBitmap(0));
     if (!texture->uvwgen || !buffer) return nullptr;
