@@ -70,7 +70,9 @@ TEST(RegularFile, DevicesAndFoldersAreRefusedWithTheirReason)
         EXPECT_TRUE(text == bytes) << size;
         reader.stream().clear();
         reader.stream().seekg(-3, std::ios::end);
-        if (size >= 3) EXPECT_EQ(reader.stream().get(), static_cast<unsigned char>(bytes[size - 3])) << size;
+        if (size >= 3) {
+            EXPECT_EQ(reader.stream().get(), static_cast<unsigned char>(bytes[size - 3])) << size;
+        }
     }
 
     {
