@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -140,14 +141,11 @@ bool reportConversionIntoPieces(const fs::path& input, const std::string& xml)
         TalMatFile file;
         file.load(input.u16string());
     };
-    double convert = 0, move = 0, load = 0;
-    for (int round = 0; round < 9; ++round) {
-        const auto keepBest = [round](double& best, double seconds) {
-            if (round == 0 || seconds < best) best = seconds;
-        };
-        keepBest(convert, bestSeconds(1, convertOnce));
-        keepBest(move, bestSeconds(3, moveOnce));
-        keepBest(load, bestSeconds(1, loadOnce));
+    double convert = bestSeconds(1, convertOnce), move = bestSeconds(3, moveOnce), load = bestSeconds(1, loadOnce);
+    for (int round = 1; round < 9; ++round) {
+        convert = std::min(convert, bestSeconds(1, convertOnce));
+        move = std::min(move, bestSeconds(3, moveOnce));
+        load = std::min(load, bestSeconds(1, loadOnce));
     }
     const bool ok = convert < 12 * move;
     std::printf("in process: conversion %.3f s (the load alone %.3f s), moving its XML %.4f s\n", convert, load,

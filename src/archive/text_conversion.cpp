@@ -9,6 +9,25 @@ namespace TalvexCore {
 
 namespace {
 
+#if defined(__SSE2__)
+// One bit for each byte that is ASCII other than zero (positive as a signed byte).
+inline int plainBytes(__m128i bytes)
+{
+    return _mm_movemask_epi8(_mm_cmpgt_epi8(bytes, _mm_setzero_si128()));
+}
+
+inline __m128i loadEight(const char* at)
+{
+    return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(at));
+}
+
+// The low eight bytes as eight units at `out`.
+inline void storeWidened(char16_t* out, __m128i bytes)
+{
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
+}
+#endif
+
 // Windows-1252 at 0x80 to 0x9F; the five unassigned bytes map to the control characters.
 constexpr char16_t cp1252High[32] = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -114,12 +133,11 @@ void appendNarrowAsWide(std::u16string& out, std::string_view narrow)
 #if defined(__SSE2__)
         if (n >= 8) {
             // Two loads of eight bytes, overlapping where the word is shorter than sixteen.
-            const __m128i head = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(narrow.data()));
-            const __m128i tail = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(narrow.data() + n - 8));
-            plain = (_mm_movemask_epi8(_mm_cmpgt_epi8(head, _mm_setzero_si128())) &
-                     _mm_movemask_epi8(_mm_cmpgt_epi8(tail, _mm_setzero_si128())) & 0xFF) == 0xFF;
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(word), _mm_unpacklo_epi8(head, _mm_setzero_si128()));
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(word + n - 8), _mm_unpacklo_epi8(tail, _mm_setzero_si128()));
+            const __m128i head = loadEight(narrow.data());
+            const __m128i tail = loadEight(narrow.data() + n - 8);
+            plain = (plainBytes(head) & plainBytes(tail) & 0xFF) == 0xFF;
+            storeWidened(word, head);
+            storeWidened(word + n - 8, tail);
         } else
 #endif
             for (std::size_t i = 0; i < n && plain; ++i) {
@@ -141,14 +159,14 @@ void appendNarrowAsWide(std::u16string& out, std::string_view narrow)
     // Sixteen bytes at a time while all of them are ASCII other than zero (positive as signed bytes).
     for (; ascii + 16 <= narrow.size(); ascii += 16) {
         const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(narrow.data() + ascii));
-        if (_mm_movemask_epi8(_mm_cmpgt_epi8(bytes, _mm_setzero_si128())) != 0xFFFF) break;
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(wide + ascii), _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(wide + ascii + 8), _mm_unpackhi_epi8(bytes, _mm_setzero_si128()));
+        if (plainBytes(bytes) != 0xFFFF) break;
+        storeWidened(wide + ascii, bytes);
+        storeWidened(wide + ascii + 8, _mm_srli_si128(bytes, 8));
     }
     if (ascii + 8 <= narrow.size()) {
-        const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(narrow.data() + ascii));
-        if ((_mm_movemask_epi8(_mm_cmpgt_epi8(bytes, _mm_setzero_si128())) & 0xFF) == 0xFF) {
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(wide + ascii), _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
+        const __m128i bytes = loadEight(narrow.data() + ascii);
+        if ((plainBytes(bytes) & 0xFF) == 0xFF) {
+            storeWidened(wide + ascii, bytes);
             ascii += 8;
         }
     }

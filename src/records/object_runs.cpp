@@ -53,7 +53,8 @@ constexpr std::size_t sparesKept = 256;
 
 class SpareRuns {
 public:
-    SpareRuns() { spares.reserve(sparesKept + runsPerMappingOrOne()); }
+    // Room for every run `give` may keep, so that giving never allocates.
+    SpareRuns() { spares.reserve(sparesKept); }
 
     char* take()
     {
@@ -88,15 +89,6 @@ public:
     }
 
 private:
-    static constexpr std::size_t runsPerMappingOrOne()
-    {
-#if defined(__linux__)
-        return runsPerMapping;
-#else
-        return 1;
-#endif
-    }
-
 #if defined(__linux__)
     // Runs are mapped several at a time, aligned to their size, and their pages are mapped in bulk:
     // touched for the first time one by one, each page would stop the program on its own.

@@ -24,6 +24,13 @@ constexpr std::string_view blanks = "                                           
 // The longest line of markup, or tag around a number, that is written with one check for room.
 constexpr std::size_t lineRoom = 32;
 
+// An integer's text, in at most `intRoom` bytes at `out`; answers its length.
+constexpr std::size_t intRoom = 16;
+inline std::size_t intText(char* out, int32_t value)
+{
+    return static_cast<std::size_t>(std::to_chars(out, out + intRoom, value).ptr - out);
+}
+
 // Replaces every `from` by `to`, going on behind each replacement; one pass, however many there are.
 void replaceAll(std::u16string& text, std::u16string_view from, std::u16string_view to)
 {
@@ -333,8 +340,7 @@ void AssetXmlWriter::putText(const XmlText& text)
 
 [[gnu::always_inline]] inline void AssetXmlWriter::putInt(int32_t value)
 {
-    char* const start = room(16);
-    staged += static_cast<std::size_t>(std::to_chars(start, start + 16, value).ptr - start);
+    staged += intText(room(intRoom), value);
 }
 
 [[gnu::always_inline]] inline char* AssetXmlWriter::indentedRoom(std::size_t n)
@@ -716,9 +722,7 @@ template <class WriteNumber>
 
 [[gnu::always_inline]] inline void AssetXmlWriter::intLine(std::string_view open, std::string_view close, int32_t value)
 {
-    numberLine(open, close, 16, [value](char* out) {
-        return static_cast<std::size_t>(std::to_chars(out, out + 16, value).ptr - out);
-    });
+    numberLine(open, close, intRoom, [value](char* out) { return intText(out, value); });
 }
 
 void AssetXmlWriter::vectorBlock(const Vector& v)
