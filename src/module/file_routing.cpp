@@ -29,16 +29,19 @@ bool isOptionsFilePath(const std::u16string& path)
     return hasExtension(path, u"talopt", u"nuopt");
 }
 
-ConversionOutcome appendPlainText(const std::u16string& path, std::string& text,
-                                  const AssetXmlWriter::Utf8FlushSink& sink, ConversionNotes* notes)
+ConversionOutcome appendPlainText(RegularFile& file, std::string& text, const AssetXmlWriter::Utf8FlushSink& sink,
+                                  ConversionNotes* notes)
 {
-    RegularFile file(path);
     if (!file.isOpen()) {
         if (notes) notes->unreadableReason = file.failureReason();
         return ConversionOutcome::Unreadable;
     }
+    // The binary load read what it could; the text is read again from the start.
+    std::istream& in = file.stream();
+    in.clear();
+    in.seekg(0);
     // Everything behind the first zero byte is lost, and so it is never read.
-    appendNarrowAsUtf8(text, readBytesUpToZero(file.stream()));
+    appendNarrowAsUtf8(text, readBytesUpToZero(in));
     if (sink) sink(text);
     return ConversionOutcome::PlainText;
 }

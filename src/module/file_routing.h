@@ -5,6 +5,7 @@
 #include <string>
 
 #include "archive/load_failure.h"
+#include "archive/regular_file.h"
 #include "xml/asset_xml_writer.h"
 
 namespace TalvexCore {
@@ -31,8 +32,8 @@ struct ConversionNotes {
 
 // A file that does not load is taken to be XML already: its bytes up to the first zero byte are
 // appended to `text` as UTF-8 (valid UTF-8 as it stands, other text decoded as Windows-1252).
-// Unreadable when the file does not open.
-ConversionOutcome appendPlainText(const std::u16string& path, std::string& text,
-                                  const AssetXmlWriter::Utf8FlushSink& sink, ConversionNotes* notes = nullptr);
+// Unreadable when the file did not open. The file is the one the load read, opened once for both.
+ConversionOutcome appendPlainText(RegularFile& file, std::string& text, const AssetXmlWriter::Utf8FlushSink& sink,
+                                  ConversionNotes* notes = nullptr);
 
 }  // namespace TalvexCore

@@ -1,5 +1,6 @@
 #include "module/material_conversion.h"
 
+#include "archive/regular_file.h"
 #include "materials/material_layouts.h"
 #include "materials/tal_mat_file.h"
 #include "module/model_state_lock.h"
@@ -11,13 +12,14 @@ ConversionOutcome writeMaterialFileXml(const std::u16string& path, std::string& 
                                        LoneSurrogates loneSurrogates)
 {
     const std::lock_guard<std::mutex> held(modelStateLock());
+    RegularFile input(path);
     TalMatFile file;
-    const bool loaded = file.load(path);
+    const bool loaded = input.isOpen() && file.load(input.stream());
     if (notes) {
         const MaterialFileLoad& load = file.lastLoad();
         *notes = {load.binaryHeader, load.failure, load.readPastEnd, {}};
     }
-    if (!loaded) return appendPlainText(path, text, sink, notes);
+    if (!loaded) return appendPlainText(input, text, sink, notes);
 
     AssetXmlWriter writer(text, loneSurrogates, AssetXmlWriter::Delivery::AtFlush);
     writer.setFlushSink(sink);

@@ -1,5 +1,6 @@
 #include "module/options_conversion.h"
 
+#include "archive/regular_file.h"
 #include "options/all_options.h"
 #include "options/tal_opt_file.h"
 #include "module/model_state_lock.h"
@@ -11,8 +12,9 @@ ConversionOutcome writeOptionsFileXml(const std::u16string& path, std::string& t
 {
     const std::lock_guard<std::mutex> held(modelStateLock());
     AllOptions options;
+    RegularFile input(path);
     TalOptFile file;
-    if (!file.load(options, path)) return appendPlainText(path, text, sink);
+    if (!input.isOpen() || !file.load(options, input.stream())) return appendPlainText(input, text, sink);
 
     AssetXmlWriter writer(text, loneSurrogates, AssetXmlWriter::Delivery::AtFlush);
     writer.setFlushSink(sink);

@@ -59,6 +59,11 @@ TEST(FileRouting, PlainTextPath)
         EXPECT_EQ(materialFileToXml(file("f.talmat", bytes)), wideToNarrow(text));
         EXPECT_EQ(optionsFileToXml(file("f.talopt", bytes), LoneSurrogates::Kept), wideToNarrow(text));
     }
+    // The load and the text read one opening of the file: a text longer than one read comes back
+    // whole, also after the options load has read it to its end.
+    const std::string longText = "<t>" + std::string(200000, 'x') + "</t>";
+    EXPECT_EQ(materialFileToXml(file("long.talmat", longText)), longText);
+    EXPECT_EQ(optionsFileToXml(file("long.talopt", longText), LoneSurrogates::Kept), longText);
     // A folder named like a file does not open as one.
     EXPECT_EQ(materialFileToXml((dir / "folder.talmat").u16string()), "");
     std::string text = "kept";
