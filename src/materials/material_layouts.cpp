@@ -162,13 +162,9 @@ void writeOwnLayout(AssetXmlWriter& writer, const BaseMaterial& material, const 
     for (const XmlRow<M>& row : table)
         if (auto f = std::get_if<MaterialPtr M::*>(&row.field)) writeStandardLayout(writer, resolveReference(self.**f));
     writeRowTextures(writer, self, url, table);
-    writer.openAsset(kept.xmlText(), self.assetType(), layout);
-    writer.openPlugin(self.pluginType(), self.assetType());
-    writer.openParameters();
+    writer.beginAsset(kept.xmlText(), self.assetType(), layout, self.pluginType());
     writeRowParameters(writer, self, url, table, InnerNaming::TopLevel);
-    writer.closeParameters();
-    writer.closePlugin();
-    writer.closeAsset();
+    writer.endAsset();
 }
 
 }  // namespace

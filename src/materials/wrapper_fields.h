@@ -213,13 +213,9 @@ void writeWrapperXml(AssetXmlWriter& writer, const M& self, const std::u16string
     for (const XmlRow<M>& row : rows)
         if (auto f = std::get_if<MaterialPtr M::*>(&row.field)) writeInnerXml(writer, self.**f, url);
     writeRowTextures(writer, self, url, rows);
-    writer.openAsset(kept.xmlText(), self.assetType(), "");
-    writer.openPlugin(self.pluginType(), self.assetType());
-    writer.openParameters();
+    writer.beginAsset(kept.xmlText(), self.assetType(), "", self.pluginType());
     writeRowParameters(writer, self, url, rows, InnerNaming::OwnerUrl);
-    writer.closeParameters();
-    writer.closePlugin();
-    writer.closeAsset();
+    writer.endAsset();
 }
 
 template <class M>

@@ -22,9 +22,7 @@ void AssetFrame::open(const TalvexXMLSerializable& self, XmlText layout)
         if (child.slot.child) child.slot.child->writeXml(writer, child.url);
     }
     const std::u16string& assetType = self.assetType();
-    writer.openAsset(AssetXmlWriter::UrlText{store[first].urlText}, assetType, layout);
-    writer.openPlugin(self.pluginType(), assetType);
-    writer.openParameters();
+    writer.beginAsset(AssetXmlWriter::UrlText{store[first].urlText}, assetType, layout, self.pluginType());
 }
 
 void AssetFrame::writeChildParameter(std::size_t index) const
@@ -41,9 +39,7 @@ void AssetFrame::writeChildParameters() const
 
 void AssetFrame::close() const
 {
-    writer.closeParameters();
-    writer.closePlugin();
-    writer.closeAsset();
+    writer.endAsset();
 }
 
 KeptUrl::KeptUrl(AssetXmlWriter& writer, AssetUrl url) : writer(writer), index(writer.frames().take(1))

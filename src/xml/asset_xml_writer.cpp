@@ -24,6 +24,76 @@ constexpr std::string_view blanks = "                                           
 // The longest line of markup, or tag around a number, that is written with one check for room.
 constexpr std::size_t lineRoom = 32;
 
+// Text prepared for each indentation level, made as the code is compiled: runs of lines around a
+// value, copied whole, room and all, and their size then counted.
+template <std::size_t Room, std::size_t Levels>
+struct LevelTexts {
+    static constexpr std::size_t room = Room;
+    static constexpr std::size_t levels = Levels;
+    char text[Levels][Room] = {};
+    uint8_t size[Levels] = {};
+};
+
+// `make(level, text)` writes the text of a level through `text`, which takes a run of characters,
+// or, for a number, the blanks of that many levels.
+template <std::size_t Room, std::size_t Levels, class Make>
+constexpr LevelTexts<Room, Levels> makeLevelTexts(Make make)
+{
+    LevelTexts<Room, Levels> texts;
+    for (std::size_t level = 0; level < Levels; ++level) {
+        std::size_t n = 0;
+        struct Text {
+            char* out;
+            std::size_t& n;
+            constexpr void operator()(std::string_view run) const
+            {
+                for (const char c : run) out[n++] = c;
+            }
+            constexpr void operator()(std::size_t depth) const
+            {
+                for (std::size_t i = 0; i < 2 * depth; ++i) out[n++] = ' ';
+            }
+        };
+        make(level, Text{texts.text[level], n});
+        texts.size[level] = static_cast<uint8_t>(n);
+    }
+    return texts;
+}
+
+// The end of a parameter whose value stands on its line, "</value>" then "</parameter>" on a line of
+// its own, for each level that the run of blanks indents.
+constexpr auto inlineEnds = makeLevelTexts<96, blanks.size() / 2 + 1>([](std::size_t level, auto text) {
+    text("</value>\n");
+    text(level);
+    text("</parameter>\n");
+});
+
+// For the level of an asset's line: from the end of its url to its plugin's name, from the end of
+// its plugin's type to its first parameter, and from its last parameter to its own end.
+constexpr std::size_t assetLevels = 8;
+constexpr auto pluginStarts = makeLevelTexts<80, assetLevels>([](std::size_t level, auto text) {
+    text("\" >\n");
+    text(level + 1);
+    text("<plugin>\n");
+    text(level + 2);
+    text("<nuvaplugin name=\"");
+});
+constexpr auto parametersStarts = makeLevelTexts<48, assetLevels>([](std::size_t level, auto text) {
+    text("\">\n");
+    text(level + 3);
+    text("<parameters>\n");
+});
+constexpr auto assetEnds = makeLevelTexts<128, assetLevels>([](std::size_t level, auto text) {
+    text(level + 3);
+    text("</parameters>\n");
+    text(level + 2);
+    text("</nuvaplugin>\n");
+    text(level + 1);
+    text("</plugin>\n");
+    text(level);
+    text("</Asset>\n");
+});
+
 // An integer's text, in at most `intRoom` bytes at `out`; answers its length.
 constexpr std::size_t intRoom = 16;
 inline std::size_t intText(char* out, int32_t value)
@@ -486,6 +556,62 @@ void AssetXmlWriter::closePlugin()
     --indentLevel;
 }
 
+// The asset's level, where its text can be prepared; none for a writer that hands each operation
+// over apart, so that it hands over the same pieces as the openings and closings one by one.
+std::optional<std::size_t> AssetXmlWriter::preparedAssetLevel(int32_t level) const
+{
+    if (delivery == Delivery::EachOperation || level < 0 || static_cast<std::size_t>(level) >= assetLevels)
+        return std::nullopt;
+    return static_cast<std::size_t>(level);
+}
+
+template <class Texts>
+[[gnu::always_inline]] inline void AssetXmlWriter::putLevelText(const Texts& texts, std::size_t level)
+{
+    std::memcpy(room(Texts::room), texts.text[level], Texts::room);
+    staged += texts.size[level];
+}
+
+void AssetXmlWriter::beginAsset(UrlText url, XmlText type, XmlText layout, XmlText plugin)
+{
+    const std::optional<std::size_t> level = preparedAssetLevel(indentLevel + 1);
+    if (!level) {
+        openAsset(url, type, layout);
+        openPlugin(plugin, type);
+        openParameters();
+        return;
+    }
+    ++indentLevel;
+    indent();
+    put("<Asset layout=\"");
+    putText(layout);
+    put("\" renderer=\"nuva\" type=\"");
+    putText(type);
+    put("\" url=\"");
+    put(url.text);
+    putLevelText(pluginStarts, *level);
+    putText(plugin);
+    put("\" type=\"");
+    putText(type);
+    putLevelText(parametersStarts, *level);
+    indentLevel += 4;
+}
+
+void AssetXmlWriter::endAsset()
+{
+    const std::optional<std::size_t> level = preparedAssetLevel(indentLevel - 4);
+    if (!level) {
+        closeParameters();
+        closePlugin();
+        closeAsset();
+        return;
+    }
+    putLevelText(assetEnds, *level);
+    indentLevel -= 5;
+    // A few assets a piece, as closePlugin hands them over.
+    if (staged >= stageSize / 2) flush();
+}
+
 void AssetXmlWriter::openParameters()
 {
     ++indentLevel;
@@ -541,34 +667,6 @@ void AssetXmlWriter::parameterHead(std::string_view opening, const XmlText& name
     ++indentLevel;
 }
 
-namespace {
-
-// The end of a parameter whose value stands on its line, "</value>" then "</parameter>" on a line of
-// its own, prepared for each depth that the run of blanks indents.
-struct InlineEnds {
-    static constexpr std::size_t depths = blanks.size() / 2 + 1;
-    static constexpr std::size_t room = 96;
-    char text[depths][room] = {};
-    uint8_t size[depths] = {};
-};
-
-constexpr InlineEnds makeInlineEnds()
-{
-    InlineEnds ends;
-    for (std::size_t depth = 0; depth < InlineEnds::depths; ++depth) {
-        std::size_t n = 0;
-        for (const char c : std::string_view("</value>\n")) ends.text[depth][n++] = c;
-        for (std::size_t i = 0; i < 2 * depth; ++i) ends.text[depth][n++] = ' ';
-        for (const char c : std::string_view("</parameter>\n")) ends.text[depth][n++] = c;
-        ends.size[depth] = static_cast<uint8_t>(n);
-    }
-    return ends;
-}
-
-constexpr InlineEnds inlineEnds = makeInlineEnds();
-
-}  // namespace
-
 [[gnu::always_inline]] inline void AssetXmlWriter::noneListHead(const HeadForm& form, const XmlText& name,
                                                                  const XmlText& label, bool isUserData, bool withValue)
 {
@@ -606,10 +704,8 @@ void AssetXmlWriter::writeNoneListHead(const HeadForm& form, const XmlText& name
 [[gnu::always_inline]] inline void AssetXmlWriter::inlineValueEnd()
 {
     --indentLevel;
-    if (indentLevel >= 0 && static_cast<std::size_t>(indentLevel) < inlineEnds.depths) {
-        const std::size_t depth = static_cast<std::size_t>(indentLevel);
-        std::memcpy(room(InlineEnds::room), inlineEnds.text[depth], InlineEnds::room);
-        staged += inlineEnds.size[depth];
+    if (indentLevel >= 0 && static_cast<std::size_t>(indentLevel) < inlineEnds.levels) {
+        putLevelText(inlineEnds, static_cast<std::size_t>(indentLevel));
     } else {
         put("</value>\n");
         lineAscii("</parameter>");

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -64,6 +65,10 @@ public:
     void closePlugin();
     void openParameters();
     void closeParameters();
+    // An asset with its plugin of the asset's own type, up to the first parameter; and from the
+    // last parameter to the asset's end. The same text as the three openings and the three closings.
+    void beginAsset(UrlText url, XmlText type, XmlText layout, XmlText plugin);
+    void endAsset();
 
     void writeFloat(XmlText name, float value, XmlText label = {}, bool isUserData = false);
     void writeInt(XmlText name, int32_t value, XmlText label = {}, bool isUserData = false);
@@ -120,6 +125,9 @@ private:
     // stream. `room` makes space for `n` bytes (at most the stage's size) and answers where.
     static constexpr std::size_t stageSize = 8192;
     char* room(std::size_t n);
+    template <class Texts>
+    void putLevelText(const Texts& texts, std::size_t level);
+    std::optional<std::size_t> preparedAssetLevel(int32_t level) const;
     void spill();
     void spillLarge(std::string_view utf8);
     void put(std::string_view ascii);

@@ -262,6 +262,43 @@ TEST(AssetXmlWriter, DeliveryAtFlushKeepsTheTextUntilTheFlush)
     EXPECT_EQ(text.size(), 1001 * textOf(asset).size());
 }
 
+// An asset begun and ended in one step is the three openings and the three closings, at every
+// level, also beyond the levels whose text is prepared, and in a document delivered at flushes.
+TEST(AssetXmlWriter, AssetInOneStepAtEveryLevel)
+{
+    for (int level = 0; level < 12; ++level) {
+        SCOPED_TRACE(level);
+        const auto nested = [level](AssetXmlWriter& w, const std::function<void()>& asset) {
+            for (int i = 0; i < level; ++i) w.openTag("g");
+            asset();
+            for (int i = 0; i < level; ++i) w.closeTag("g");
+        };
+        const std::string expected = textOf([&](AssetXmlWriter& w) {
+            nested(w, [&] {
+                w.openAsset(u"/a&b", "texture", "lay");
+                w.openPlugin("TexProbe", "texture");
+                w.openParameters();
+                w.writeFloat("f", 0.5f);
+                w.closeParameters();
+                w.closePlugin();
+                w.closeAsset();
+            });
+        });
+        for (const auto delivery : {AssetXmlWriter::Delivery::EachOperation, AssetXmlWriter::Delivery::AtFlush}) {
+            std::string text;
+            AssetXmlWriter w(text, LoneSurrogates::Replaced, delivery);
+            nested(w, [&] {
+                w.beginAsset(AssetXmlWriter::UrlText{"/a&amp;b"}, "texture", "lay", "TexProbe");
+                w.writeFloat("f", 0.5f);
+                w.endAsset();
+            });
+            w.flush();
+            EXPECT_EQ(text, expected);
+            EXPECT_EQ(w.indentText(), u"");
+        }
+    }
+}
+
 TEST(AssetXmlWriter, EscapeOrder)
 {
     // Already escaped text is not escaped twice; quotes and apostrophes are never touched.
