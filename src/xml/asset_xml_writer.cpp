@@ -512,6 +512,14 @@ void AssetXmlWriter::openAsset(XmlText url, XmlText type, XmlText layout)
 
 void AssetXmlWriter::openAsset(UrlText url, XmlText type, XmlText layout)
 {
+    assetLineStart(url, type, layout);
+    put("\" >\n");
+    endOperation();
+}
+
+// The asset's line, one level in, up to the end of its url.
+void AssetXmlWriter::assetLineStart(UrlText url, const XmlText& type, const XmlText& layout)
+{
     ++indentLevel;
     indent();
     put("<Asset layout=\"");
@@ -520,8 +528,6 @@ void AssetXmlWriter::openAsset(UrlText url, XmlText type, XmlText layout)
     putText(type);
     put("\" url=\"");
     put(url.text);
-    put("\" >\n");
-    endOperation();
 }
 
 void AssetXmlWriter::closeAsset()
@@ -581,14 +587,7 @@ void AssetXmlWriter::beginAsset(UrlText url, XmlText type, XmlText layout, XmlTe
         openParameters();
         return;
     }
-    ++indentLevel;
-    indent();
-    put("<Asset layout=\"");
-    putText(layout);
-    put("\" renderer=\"nuva\" type=\"");
-    putText(type);
-    put("\" url=\"");
-    put(url.text);
+    assetLineStart(url, type, layout);
     putLevelText(pluginStarts, *level);
     putText(plugin);
     put("\" type=\"");

@@ -128,6 +128,7 @@ private:
     template <class Texts>
     void putLevelText(const Texts& texts, std::size_t level);
     std::optional<std::size_t> preparedAssetLevel(int32_t level) const;
+    void assetLineStart(UrlText url, const XmlText& type, const XmlText& layout);
     void spill();
     void spillLarge(std::string_view utf8);
     void put(std::string_view ascii);
