@@ -562,12 +562,10 @@ void AssetXmlWriter::closePlugin()
     --indentLevel;
 }
 
-// The asset's level, where its text can be prepared; none for a writer that hands each operation
-// over apart, so that it hands over the same pieces as the openings and closings one by one.
+// The asset's level, where its text is prepared; none beyond the prepared levels.
 std::optional<std::size_t> AssetXmlWriter::preparedAssetLevel(int32_t level) const
 {
-    if (delivery == Delivery::EachOperation || level < 0 || static_cast<std::size_t>(level) >= assetLevels)
-        return std::nullopt;
+    if (level < 0 || static_cast<std::size_t>(level) >= assetLevels) return std::nullopt;
     return static_cast<std::size_t>(level);
 }
 
@@ -594,6 +592,7 @@ void AssetXmlWriter::beginAsset(UrlText url, XmlText type, XmlText layout, XmlTe
     putText(type);
     putLevelText(parametersStarts, *level);
     indentLevel += 4;
+    endOperation();
 }
 
 void AssetXmlWriter::endAsset()
@@ -607,8 +606,8 @@ void AssetXmlWriter::endAsset()
     }
     putLevelText(assetEnds, *level);
     indentLevel -= 5;
-    // A few assets a piece, as closePlugin hands them over.
-    if (staged >= stageSize / 2) flush();
+    // Handed over as closePlugin hands it over: at once, or a few assets a piece.
+    if (delivery == Delivery::EachOperation || staged >= stageSize / 2) flush();
 }
 
 void AssetXmlWriter::openParameters()
